@@ -1,0 +1,14 @@
+#!/bin/sh
+# Installs the Debian packages that building, running and testing Lumbra need,
+# and only those that are missing.
+set -e
+packages="cmake make g++ pkg-config qt6-base-dev libarchive-dev libgtest-dev xvfb xauth"
+missing=""
+for p in $packages; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing="$missing $p"
+done
+[ -z "$missing" ] && exit 0
+echo "Installing missing packages:$missing"
+if [ "$(id -u)" -eq 0 ]; then sudo=""; else sudo="sudo"; fi
+$sudo apt-get update -qq
+DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq $missing

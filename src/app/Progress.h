@@ -1,0 +1,12 @@
+#pragma once
+
+// Progress of a long job. The base class does nothing, so it also serves where
+// no progress is shown; the progress window overrides it.
+class Progress {
+public:
+    virtual ~Progress() = default;
+    virtual void Show() {}
+    virtual void Close() {}
+    virtual void SetMaximum(int /*maximum*/) {}
+    virtual void SetValue(int /*value*/) {}
+};

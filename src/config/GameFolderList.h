@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+#include <array>
+
+struct AppState;
+
+struct GameFolder {
+    QString Path;
+    qint16 RomCount = 0; // files the last scan listed there; not stored
+};
+
+// The player's game folders: 100 entries, packed from index 0; an empty path ends the list.
+class GameFolderList {
+public:
+    static constexpr int Capacity = 100;
+
+    // Index of the entry holding path (compared in lower case, with a trailing
+    // separator added), or -1. An empty path finds the first free entry.
+    int FindGameFolderIndex(const QString& path) const;
+    bool AddGameFolder(const QString& path);
+    bool RemoveGameFolder(const QString& path);
+    int Count() const;
+
+    std::array<GameFolder, Capacity> Entries;
+};
+
+void ImportGameFolders(AppState& state, const QString& target, const QString& path);
+void ExportGameFolders(AppState& state, const QString& target, const QString& path);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class SettingsStore;
+struct GameRecord;
+
+// The store section that holds an emulator's settings profiles: "Profiles\" + name.
+QString ProfileSection(const QString& emulatorName);
+QStringList ProfileNames(const SettingsStore& store, const QString& emulatorName);
+QString ReadProfile(const SettingsStore& store, const QString& emulatorName,
+                    const QString& profileName);
+void WriteProfile(SettingsStore& store, const QString& emulatorName, const QString& profileName,
+                  const QString& options);
+
+struct ProfileMenuItem {
+    QString Caption;
+    bool Enabled = false;
+    bool Visible = true;
+    bool Checked = false;
+};
+
+// The profile items of the game menu's "&Profile..." submenu. Items are created as
+// needed and never removed: captions left from an earlier build stay, are sorted
+// and ticked with the new ones, and can be chosen.
+class ProfileMenuModel {
+public:
+    ProfileMenuModel();
+
+    // Lists the profiles of the game's emulator (when it is one of the three),
+    // sorts the captions and ticks the game's profile.
+    void Build(const SettingsStore& store, const GameRecord& game);
+
+    const QList<ProfileMenuItem>& Items() const { return m_items; }
+
+private:
+    QList<ProfileMenuItem> m_items;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+struct AppState;
+
+// The main window's placement, in twips (1/1440 inch), and its state
+// (0 normal, 1 minimised, 2 maximised).
+struct WindowPlacement {
+    qint32 Left = 1860;
+    qint32 Top = 1260;
+    qint32 Width = 6810;
+    qint32 Height = 4260;
+    qint16 State = 0;
+};
+
+// Every global option, with its default. Flags hold check-box states (0 off, 1 on)
+// and keep any other integer as read.
+struct Settings {
+    // Section "Folders"
+    QString SnapshotFolder = QStringLiteral("c:\\");
+    QString SPCFolder = QStringLiteral("c:\\");
+    QString ExportFolder = QStringLiteral("c:\\");
+    QString UnzipFolder; // the temporary folder in lower case, set by the import
+
+    // Section "Settings"
+    QString SPC_App = QStringLiteral("zdspc.exe;");
+    qint16 SPC_DisplayList = 0;
+    QString SPC_OpenWith = QStringLiteral("%WIN");
+    qint16 SPC_ShowMenu = 1;
+    qint16 SPC_UseWizard = 1;
+    QString DefaultEmulator = QStringLiteral("ZSnes");
+    QString DefaultGroup = QStringLiteral("Ungrouped");
+    qint16 AutoSwitchGroup = 1;
+    qint16 RomBatchFileSupport = 1;
+    qint16 UseBaseFilenames = 0;
+    qint16 StateClickDeletes = 0;
+    qint16 Snapshots_AutoRenameAll = 0;
+    qint16 Snapshots_AutoUse1st = 0;
+    qint16 Snapshots_HideIfPicExists = 1;
+    QString Snapshots_NoSnapPic;
+    qint16 Snapshots_Show = 1;
+    qint16 Snapshots_UseWizard = 1;
+    WindowPlacement MainForm;
+};
+
+// Move every setting (and the emulators' folders and default profiles) between
+// memory and the store. The file target only logs what it would do.
+void ImportSettings(AppState& state, const QString& target, const QString& path);
+void ExportSettings(AppState& state, const QString& target, const QString& path);

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <memory>
+#include <utility>
+
+class QSettings;
+
+// The per-user settings store: sections of string keys and string values under the
+// application name. Section and key texts round-trip exactly, whatever separators
+// they hold ("Profiles\ZSnes", "Game List\/home/me/SNES Roms/").
+class SettingsStore {
+public:
+    explicit SettingsStore(const QString& application = QStringLiteral("Lumbra"));
+    ~SettingsStore();
+    SettingsStore(const SettingsStore&) = delete;
+    SettingsStore& operator=(const SettingsStore&) = delete;
+
+    QString Read(const QString& section, const QString& key,
+                 const QString& defaultValue = QString()) const;
+    bool Contains(const QString& section, const QString& key) const;
+    void Write(const QString& section, const QString& key, const QString& value);
+    void DeleteSection(const QString& section);
+    // The section's own name/value pairs, in the store's order.
+    QList<std::pair<QString, QString>> ListSection(const QString& section) const;
+    // Every section that holds at least one key.
+    QStringList Sections() const;
+
+    // Writes pending changes to disk; called once after a whole export.
+    void Sync();
+    // Removes every section (tests and a reset).
+    void Clear();
+    QString FilePath() const;
+
+private:
+    std::unique_ptr<QSettings> m_settings;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+class PathResolver;
+
+// A game's first caption: its internal title, formatted. Without a readable title,
+// the formatted file name without extension when useBaseFilenames is 1, otherwise
+// "*" + the file name. Archives (".zip") take their file name as the raw title.
+QString GetRomCaption(const QString& path, qint16 useBaseFilenames, PathResolver& resolver);
