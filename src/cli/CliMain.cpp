@@ -1,1 +1,70 @@
-int main() { return 0; }
+#include "app/AppState.h"
+#include "cli/CliCommands.h"
+#include "cli/CliLog.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+#include <cstdio>
+#include <map>
+
+namespace {
+
+const char* const Usage = R"(Usage: lumbra-cli [--debug] COMMAND [ARGUMENTS]
+
+Lumbra's command-line front: inspect SNES game images and set up the catalogue
+from a terminal. It reads and writes the same settings store as Lumbra.
+
+Commands:
+  info [--json] FILE...      the internal header of each game file and its caption
+  list [--group NAME] [--json]
+                             the captions the game list shows for a group (default:
+                             the default group); --json prints every record
+  scan                       rescan the game folders and store the game list
+  folders list               the game folders
+  folders add|remove PATH    add or remove a game folder
+  groups list                the groups, "Ungrouped" first
+  groups add|remove NAME     add or remove a group
+
+Options:
+  --debug                    write the event log to standard error
+  --help                     show this help
+
+Exit status: 0 done, 1 refused or failed, 2 usage error.
+)";
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    const bool debug = arguments.removeAll(QStringLiteral("--debug")) > 0;
+    if (arguments.contains(QStringLiteral("--help")) || arguments.contains(QStringLiteral("-h"))) {
+        out << Usage;
+        return ExitOk;
+    }
+    if (arguments.isEmpty()) {
+        err << Usage;
+        return ExitUsage;
+    }
+
+    using Command = int (*)(CliContext&, const QStringList&);
+    const std::map<QString, Command> commands = {{QStringLiteral("info"), RunInfo},
+                                                 {QStringLiteral("list"), RunList},
+                                                 {QStringLiteral("scan"), RunScan},
+                                                 {QStringLiteral("folders"), RunFolders},
+                                                 {QStringLiteral("groups"), RunGroups}};
+    const QString name = arguments.takeFirst();
+    const auto command = commands.find(name);
+    if (command == commands.end()) {
+        err << "lumbra-cli: unknown command: " << name << "\nTry 'lumbra-cli --help'.\n";
+        return ExitUsage;
+    }
+
+    AppState state;
+    CliLog log(debug);
+    CliContext context{state, log, out, err};
+    return command->second(context, arguments);
+}

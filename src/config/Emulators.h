@@ -12,12 +12,17 @@ struct EmulatorRecord {
     QString LaunchFiles; // file names tried in order, joined by ";"
     QString DefaultProfile;
     QString SnapshotFolder; // not stored: each launch sets it
+
+    friend bool operator==(const EmulatorRecord&, const EmulatorRecord&) = default;
 };
 
 // The three emulators, in this fixed order: Nlke, Snes9X, ZSnes.
 class EmulatorTable {
 public:
     static constexpr int Count = 3;
+    // The fixed names, in table order.
+    static constexpr std::array<QLatin1String, Count> Names{
+        QLatin1String("Nlke"), QLatin1String("Snes9X"), QLatin1String("ZSnes")};
 
     // Index of the emulator named so (without regard to case), or -1; "" gives -1.
     int FindEmulatorIndex(const QString& name) const;

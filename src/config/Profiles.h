@@ -36,5 +36,8 @@ public:
     const QList<ProfileMenuItem>& Items() const { return m_items; }
 
 private:
+    // Captions the first items with the profiles, creating items as needed, and sorts.
+    void ListProfiles(const QStringList& profiles);
+
     QList<ProfileMenuItem> m_items;
 };

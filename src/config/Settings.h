@@ -13,6 +13,8 @@ struct WindowPlacement {
     qint32 Width = 6810;
     qint32 Height = 4260;
     qint16 State = 0;
+
+    friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
 };
 
 // Every global option, with its default. Flags hold check-box states (0 off, 1 on)
@@ -43,6 +45,8 @@ struct Settings {
     qint16 Snapshots_Show = 1;
     qint16 Snapshots_UseWizard = 1;
     WindowPlacement MainForm;
+
+    friend bool operator==(const Settings&, const Settings&) = default;
 };
 
 // Move every setting (and the emulators' folders and default profiles) between

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QtGlobal>
 #include <array>
@@ -31,8 +32,9 @@ class clsRomInfo {
 public:
     clsRomInfo();
 
-    // Decodes the header of the file at filename. Always returns false: callers
-    // judge success by the field texts. A missing file leaves them as they were.
+    // Decodes the header of the file at filename (resolved case-insensitively).
+    // Always returns false: callers judge success by the field texts. A missing
+    // file leaves them as they were.
     bool ReadROM(const QString& filename);
 
     // The text of field 1 to 11; empty for any other number.
@@ -41,6 +43,7 @@ public:
     const QString& Licensee(int code) const { return m_licenseeTable[code & 0xFF]; }
 
 private:
+    // Fills the fields from the header at the 1-based position; 0 changes nothing.
     void DecodeHeader(QIODevice& file, qint64 position);
 
     std::array<QString, 256> m_licenseeTable;
@@ -50,3 +53,6 @@ private:
 // 1-based position of the first title byte, or 0 when the probe finds no header.
 // Candidates 0x81C0, 0x7FC0 and 0x101C0; missing bytes of a short file read as 0.
 qint64 FindHeaderPosition(QIODevice& file);
+
+// count bytes from the 0-based offset; bytes past the end of the file read as 0.
+QByteArray ReadBytesAt(QIODevice& file, qint64 offset, int count);

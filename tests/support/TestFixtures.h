@@ -26,3 +26,6 @@ protected:
     QTemporaryDir m_temp;
     AppState m_state;
 };
+
+// Readable QString values in failure messages.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }

@@ -1,0 +1,242 @@
+#include "cli/CliCommands.h"
+
+#include "app/AppState.h"
+#include "app/Progress.h"
+#include "app/StringHelpers.h"
+#include "app/Startup.h"
+#include "catalogue/GroupFilter.h"
+#include "cli/CliLog.h"
+#include "cli/JsonLine.h"
+#include "launch/PathResolver.h"
+#include "rom/RomCaption.h"
+#include "rom/RomInfo.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+const QString Store = QStringLiteral("reg");
+
+int UsageError(CliContext& context, const QString& message) {
+    context.Err << "lumbra-cli: " << message << "\nTry 'lumbra-cli --help'.\n";
+    return ExitUsage;
+}
+
+// Takes a flag out of the arguments; true when it was there.
+bool TakeFlag(QStringList& arguments, const QString& flag) { return arguments.removeAll(flag) > 0; }
+
+// Takes "--option VALUE" out of the arguments; false when the value is missing.
+bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
+    const int at = static_cast<int>(arguments.indexOf(option));
+    if (at < 0)
+        return true;
+    if (at + 1 >= arguments.size())
+        return false;
+    value = arguments.at(at + 1);
+    arguments.remove(at, 2);
+    return true;
+}
+
+// The catalogue as the main window's load builds it.
+void LoadCatalogue(AppState& state) {
+    LoadConfiguration(state);
+    ImportGroupList(state, Store, QString());
+    Progress noProgress;
+    RebuildGameList(state, noProgress);
+}
+
+QList<std::pair<QString, QString>> HeaderFields(const QString& file, AppState& state) {
+    clsRomInfo info;
+    info.ReadROM(file);
+    PathResolver resolver;
+    return {{QStringLiteral("file"), file},
+            {QStringLiteral("InternalTitle"), info.GameData(InternalTitle)},
+            {QStringLiteral("RomSpeed"), info.GameData(RomSpeed)},
+            {QStringLiteral("BankSize"), info.GameData(BankSize)},
+            {QStringLiteral("RomType"), info.GameData(RomType)},
+            {QStringLiteral("RomSize"), info.GameData(RomSize)},
+            {QStringLiteral("SramSize"), info.GameData(SramSize)},
+            {QStringLiteral("Country"), info.GameData(Country)},
+            {QStringLiteral("License"), info.GameData(License)},
+            {QStringLiteral("GameVersion"), info.GameData(GameVersion)},
+            {QStringLiteral("InverseChecksum"), info.GameData(InverseChecksum)},
+            {QStringLiteral("Checksum"), info.GameData(Checksum)},
+            {QStringLiteral("Caption"),
+             GetRomCaption(file, state.Options.UseBaseFilenames, resolver)}};
+}
+
+// The labels of the game information dialog, padded so that the values line up.
+const QList<std::pair<QString, QString>> InfoLabels = {
+    {QStringLiteral("file"), QStringLiteral("File:      ")},
+    {QStringLiteral("InternalTitle"), QStringLiteral("Title:     ")},
+    {QStringLiteral("RomSize"), QStringLiteral("ROM Size:  ")},
+    {QStringLiteral("RomType"), QStringLiteral("ROM Type:  ")},
+    {QStringLiteral("SramSize"), QStringLiteral("SRAM Size: ")},
+    {QStringLiteral("RomSpeed"), QStringLiteral("ROM Speed: ")},
+    {QStringLiteral("BankSize"), QStringLiteral("Bank Size: ")},
+    {QStringLiteral("Country"), QStringLiteral("Country:   ")},
+    {QStringLiteral("License"), QStringLiteral("License:   ")},
+    {QStringLiteral("Checksum"), QStringLiteral("Checksum:  ")},
+    {QStringLiteral("InverseChecksum"), QStringLiteral("Complement:")},
+    {QStringLiteral("GameVersion"), QStringLiteral("Version:   ")},
+    {QStringLiteral("Caption"), QStringLiteral("Caption:   ")},
+};
+
+void PrintInfo(CliContext& context, const QList<std::pair<QString, QString>>& fields) {
+    for (const auto& [key, label] : InfoLabels) {
+        for (const auto& [name, value] : fields) {
+            if (name == key)
+                context.Out << label << ' ' << value << '\n';
+        }
+    }
+}
+
+QList<std::pair<QString, QString>> RecordFields(const GameRecord& record) {
+    return {{QStringLiteral("Caption"), record.Caption},
+            {QStringLiteral("Filename"), record.Filename},
+            {QStringLiteral("ExtractedShortName"), record.ExtractedShortName},
+            {QStringLiteral("ExtractedFile"), record.ExtractedFile},
+            {QStringLiteral("Folder"), record.Folder},
+            {QStringLiteral("Group"), record.Group},
+            {QStringLiteral("Emulator"), record.Emulator},
+            {QStringLiteral("Profile"), record.Profile}};
+}
+
+// Reports a refused change with the log's reason.
+int Refused(CliContext& context) {
+    context.Err << "lumbra-cli: " << context.Log.LastLine() << '\n';
+    return ExitFailed;
+}
+
+} // namespace
+
+int RunInfo(CliContext& context, const QStringList& arguments) {
+    QStringList files = arguments;
+    const bool json = TakeFlag(files, QStringLiteral("--json"));
+    if (files.isEmpty())
+        return UsageError(context, QStringLiteral("info needs at least one FILE"));
+    ImportSettings(context.State, Store, QString());
+    int exitCode = ExitOk;
+    bool first = true;
+    for (const QString& file : files) {
+        if (!PathResolver().IsFile(file)) {
+            context.Err << "lumbra-cli: " << file << ": no such file\n";
+            exitCode = ExitFailed;
+            continue;
+        }
+        const auto fields = HeaderFields(file, context.State);
+        if (json) {
+            context.Out << JsonLine(fields) << '\n';
+        } else {
+            if (!first)
+                context.Out << '\n';
+            PrintInfo(context, fields);
+        }
+        first = false;
+    }
+    return exitCode;
+}
+
+int RunList(CliContext& context, const QStringList& arguments) {
+    QStringList rest = arguments;
+    const bool json = TakeFlag(rest, QStringLiteral("--json"));
+    QString group;
+    if (!TakeOption(rest, QStringLiteral("--group"), group))
+        return UsageError(context, QStringLiteral("--group needs a NAME"));
+    if (!rest.isEmpty())
+        return UsageError(context, QStringLiteral("unexpected argument: ") + rest.first());
+
+    AppState& state = context.State;
+    LoadCatalogue(state);
+    if (json) {
+        for (const GameRecord& record : state.Games.Records) {
+            if (record.Filename.isEmpty())
+                break;
+            context.Out << JsonLine(RecordFields(record)) << '\n';
+        }
+        return ExitOk;
+    }
+    if (group.isEmpty()) {
+        group = state.Options.DefaultGroup;
+        if (!GroupExists(state.Groups, group))
+            group = FixedGroup;
+    } else if (!GroupExists(state.Groups, group)) {
+        context.Err << "lumbra-cli: there is no group named " << group << '\n';
+        return ExitFailed;
+    }
+    for (const QString& caption : GroupCaptions(state.Games, group))
+        context.Out << caption << '\n';
+    return ExitOk;
+}
+
+int RunScan(CliContext& context, const QStringList& arguments) {
+    if (!arguments.isEmpty())
+        return UsageError(context, QStringLiteral("unexpected argument: ") + arguments.first());
+    AppState& state = context.State;
+    LoadCatalogue(state);
+    ExportGameList(state, Store, QString());
+    context.Out << "Scanned " << state.Games.Count() << " games in " << state.GameFolders.Count()
+                << " folders.\n";
+    return ExitOk;
+}
+
+int RunFolders(CliContext& context, const QStringList& arguments) {
+    AppState& state = context.State;
+    const QString action = arguments.value(0);
+    if (action == QLatin1String("list") && arguments.size() == 1) {
+        ImportGameFolders(state, Store, QString());
+        for (const GameFolder& folder : state.GameFolders.Entries) {
+            if (folder.Path.isEmpty())
+                break;
+            context.Out << folder.Path << '\n';
+        }
+        return ExitOk;
+    }
+    if ((action != QLatin1String("add") && action != QLatin1String("remove")) || arguments.size() != 2)
+        return UsageError(context, QStringLiteral("usage: folders add|remove PATH, or folders list"));
+
+    ImportGameFolders(state, Store, QString());
+    bool changed = false;
+    if (action == QLatin1String("add")) {
+        const QString resolved = PathResolver().Resolve(arguments.at(1));
+        if (resolved.isEmpty() || !QFileInfo(resolved).isDir()) {
+            context.Err << "lumbra-cli: " << arguments.at(1) << ": no such folder\n";
+            return ExitFailed;
+        }
+        changed = state.GameFolders.AddGameFolder(
+            AddBackslash(QDir::toNativeSeparators(QFileInfo(resolved).absoluteFilePath())));
+    } else {
+        QString path = arguments.at(1);
+        if (QFileInfo(path).isRelative())
+            path = QFileInfo(path).absoluteFilePath();
+        changed = state.GameFolders.RemoveGameFolder(path);
+    }
+    if (!changed)
+        return Refused(context);
+    ExportGameFolders(state, Store, QString());
+    return ExitOk;
+}
+
+int RunGroups(CliContext& context, const QStringList& arguments) {
+    AppState& state = context.State;
+    const QString action = arguments.value(0);
+    ImportGroupList(state, Store, QString());
+    if (action == QLatin1String("list") && arguments.size() == 1) {
+        context.Out << FixedGroup << '\n';
+        for (const QString& group : state.Groups.Entries) {
+            if (group.isEmpty())
+                break;
+            context.Out << group << '\n';
+        }
+        return ExitOk;
+    }
+    if ((action != QLatin1String("add") && action != QLatin1String("remove")) || arguments.size() != 2)
+        return UsageError(context, QStringLiteral("usage: groups add|remove NAME, or groups list"));
+    const bool changed = action == QLatin1String("add") ? state.Groups.AddGroup(arguments.at(1))
+                                                        : state.Groups.RemoveGroup(arguments.at(1));
+    if (!changed)
+        return Refused(context);
+    ExportGroupList(state, Store, QString());
+    return ExitOk;
+}

@@ -1,0 +1,21 @@
+#include "snapshots/Snapshot.h"
+
+#include "app/StringHelpers.h"
+#include "launch/OsHelpers.h"
+
+#include <QDir>
+
+std::optional<QString> FindSnapshot(const QString& fileName, const QString& snapshotFolder) {
+    if (fileName.isEmpty() || snapshotFolder.isEmpty())
+        return std::nullopt;
+    const QString folder =
+        EndsWithSeparator(snapshotFolder) ? snapshotFolder : snapshotFolder + QDir::separator();
+    const int dot = InStrLast(fileName, QStringLiteral("."));
+    const QString base = dot > 0 ? fileName.left(dot - 1) : fileName;
+    for (const char* extension : {".bmp", ".gif", ".jpg"}) {
+        const QString snapshot = GetShortPath(folder + base + QLatin1String(extension));
+        if (!snapshot.isEmpty())
+            return snapshot;
+    }
+    return QString();
+}

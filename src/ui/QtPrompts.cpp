@@ -1,0 +1,128 @@
+#include "ui/QtPrompts.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace {
+
+const QString ApplicationTitle = QStringLiteral("Lumbra");
+
+QString TitleOr(const QString& title) {
+    return title.isEmpty() ? ApplicationTitle : title;
+}
+
+QMessageBox::Icon BoxIcon(PromptIcon icon) {
+    switch (icon) {
+    case PromptIcon::Information:
+        return QMessageBox::Information;
+    case PromptIcon::Question:
+        return QMessageBox::Question;
+    case PromptIcon::Exclamation:
+        return QMessageBox::Warning;
+    case PromptIcon::Critical:
+        return QMessageBox::Critical;
+    case PromptIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+std::optional<QString> Chosen(const QString& path) {
+    if (path.isEmpty())
+        return std::nullopt;
+    return path;
+}
+
+} // namespace
+
+QString ConvertFileFilter(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList converted;
+    for (qsizetype i = 0; i < parts.size(); i += 2) {
+        QString description = parts[i].trimmed();
+        QString patterns = i + 1 < parts.size() ? parts[i + 1].trimmed() : QString();
+        if (description.isEmpty() && patterns.isEmpty())
+            continue;
+        if (patterns.isEmpty())
+            patterns = QStringLiteral("*");
+        QString spaced = patterns;
+        spaced.replace(QLatin1Char(';'), QLatin1Char(' '));
+        // Qt reads the patterns from the last parentheses, so a description that
+        // already names them ("Bitmap Image (*.bmp)") would show them twice.
+        for (const QString& shown : {patterns, spaced}) {
+            const QString suffix = QLatin1Char('(') + shown + QLatin1Char(')');
+            if (description.endsWith(suffix)) {
+                description.chop(suffix.size());
+                description = description.trimmed();
+                break;
+            }
+        }
+        if (description.isEmpty())
+            description = spaced;
+        converted.append(description + QStringLiteral(" (") + spaced + QLatin1Char(')'));
+    }
+    return converted.join(QStringLiteral(";;"));
+}
+
+PromptAnswer QtPrompts::Message(const QString& text, PromptButtons buttons, PromptIcon icon,
+                                const QString& title) {
+    QMessageBox box(BoxIcon(icon), TitleOr(title), text, QMessageBox::NoButton, m_parent);
+    switch (buttons) {
+    case PromptButtons::Ok:
+        box.setStandardButtons(QMessageBox::Ok);
+        break;
+    case PromptButtons::YesNo:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        break;
+    case PromptButtons::YesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    }
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return PromptAnswer::Yes;
+    case QMessageBox::No:
+        return PromptAnswer::No;
+    case QMessageBox::Cancel:
+        return PromptAnswer::Cancel;
+    default:
+        break;
+    }
+    // Closed without a button: the answer that commits to nothing.
+    switch (buttons) {
+    case PromptButtons::Ok:
+        return PromptAnswer::Ok;
+    case PromptButtons::YesNo:
+        return PromptAnswer::No;
+    case PromptButtons::YesNoCancel:
+        break;
+    }
+    return PromptAnswer::Cancel;
+}
+
+std::optional<QString> QtPrompts::Input(const QString& prompt, const QString& title,
+                                        const QString& proposed) {
+    bool accepted = false;
+    const QString answer = QInputDialog::getText(m_parent, TitleOr(title), prompt,
+                                                 QLineEdit::Normal, proposed, &accepted);
+    if (!accepted)
+        return std::nullopt;
+    return answer;
+}
+
+std::optional<QString> QtPrompts::OpenFile(const QString& title, const QString& filter,
+                                           const QString& folder) {
+    return Chosen(
+        QFileDialog::getOpenFileName(m_parent, TitleOr(title), folder, ConvertFileFilter(filter)));
+}
+
+std::optional<QString> QtPrompts::SaveFile(const QString& title, const QString& filter,
+                                           const QString& proposed) {
+    return Chosen(QFileDialog::getSaveFileName(m_parent, TitleOr(title), proposed,
+                                               ConvertFileFilter(filter)));
+}
+
+std::optional<QString> QtPrompts::BrowseForFolder(const QString& prompt) {
+    return Chosen(QFileDialog::getExistingDirectory(m_parent, TitleOr(prompt)));
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/Prompts.h"
+
+#include <QPointer>
+#include <QWidget>
+
+// The prompts as real dialogs: message boxes, input boxes, file dialogs and the
+// folder browser, each titled "Lumbra" unless the caller gives a title.
+class QtPrompts final : public Prompts {
+public:
+    explicit QtPrompts(QWidget* parent = nullptr) : m_parent(parent) {}
+
+    void SetParent(QWidget* parent) { m_parent = parent; }
+
+    PromptAnswer Message(const QString& text, PromptButtons buttons = PromptButtons::Ok,
+                         PromptIcon icon = PromptIcon::None,
+                         const QString& title = QString()) override;
+    std::optional<QString> Input(const QString& prompt, const QString& title = QString(),
+                                 const QString& proposed = QString()) override;
+    std::optional<QString> OpenFile(const QString& title, const QString& filter,
+                                    const QString& folder = QString()) override;
+    std::optional<QString> SaveFile(const QString& title, const QString& filter,
+                                    const QString& proposed = QString()) override;
+    std::optional<QString> BrowseForFolder(const QString& prompt) override;
+
+private:
+    QPointer<QWidget> m_parent;
+};
+
+// "Desc|*.a;*.b|Desc2|*.c" in Qt's form: "Desc (*.a *.b);;Desc2 (*.c)".
+QString ConvertFileFilter(const QString& filter);

@@ -1,0 +1,65 @@
+#include "ui/frmLoadGameList.h"
+
+#include "app/EventLog.h"
+
+#include <QCoreApplication>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString WindowName = QStringLiteral("frmLoadGameList");
+
+} // namespace
+
+frmLoadGameList::frmLoadGameList(QWidget* parent) : QWidget(parent, Qt::Dialog) {
+    setObjectName(WindowName);
+    setWindowTitle(QStringLiteral("Loading Game List..."));
+    m_loadProgressBar = new QProgressBar(this);
+    m_loadProgressBar->setObjectName(QStringLiteral("LoadProgressBar"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_loadProgressBar);
+    resize(320, sizeHint().height());
+}
+
+frmLoadGameList::~frmLoadGameList() {
+    if (m_loaded)
+        LogWindowUnloaded(WindowName);
+}
+
+void frmLoadGameList::Show() {
+    if (!m_loaded) {
+        m_loaded = true;
+        // The load continues the line of the step that opened the window.
+        LogEvent(QStringLiteral("(Loaded ") + WindowName + QStringLiteral(")..."), true);
+    }
+    show();
+    Repaint();
+}
+
+void frmLoadGameList::Close() {
+    close();
+    if (m_loaded) {
+        m_loaded = false;
+        LogWindowUnloaded(WindowName);
+    }
+}
+
+void frmLoadGameList::SetMaximum(int maximum) {
+    m_loadProgressBar->setMaximum(maximum);
+    Repaint();
+}
+
+void frmLoadGameList::SetValue(int value) {
+    m_loadProgressBar->setValue(value);
+    Repaint();
+}
+
+void frmLoadGameList::Repaint() {
+    if (!isVisible())
+        return;
+    m_loadProgressBar->repaint();
+    // Lets the windows repaint while the load runs; the player's input waits
+    // until the load is over, so no command can start in the middle of it.
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

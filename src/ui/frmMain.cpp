@@ -1,0 +1,373 @@
+#include "ui/frmMain.h"
+
+#include "app/AppState.h"
+#include "app/AppTitle.h"
+#include "app/EventLog.h"
+#include "app/Prompts.h"
+#include "app/Startup.h"
+#include "catalogue/GroupFilter.h"
+#include "launch/Launcher.h"
+#include "launch/OsHelpers.h"
+#include "snapshots/Snapshot.h"
+#include "ui/RomMenu.h"
+#include "ui/frmEventLog.h"
+#include "ui/frmGroupManager.h"
+#include "ui/frmLoadGameList.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPixmap>
+#include <QStatusBar>
+
+namespace {
+
+const QString Store = QStringLiteral("reg");
+constexpr int SnapshotWidth = 256; // one SNES screen
+constexpr int SnapshotHeight = 224;
+
+// The hourglass for the whole screen while it lives.
+class BusyPointer {
+public:
+    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+};
+
+QAction* AddAction(QMenu* menu, const QString& caption, const QString& name) {
+    QAction* action = menu->addAction(caption);
+    action->setObjectName(name);
+    return action;
+}
+
+} // namespace
+
+frmMain::frmMain(AppState& state, Prompts& prompts, Launcher& launcher, QWidget* parent)
+    : QMainWindow(parent), m_state(state), m_prompts(prompts), m_launcher(launcher) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(AppTitle);
+    CreateControls();
+    CreateMenus();
+}
+
+void frmMain::CreateControls() {
+    m_inner = new QWidget(this);
+    m_inner->installEventFilter(this);
+    setCentralWidget(m_inner);
+
+    m_cboGroupList = new QComboBox(m_inner);
+    m_cboGroupList->setObjectName(QStringLiteral("cboGroupList"));
+    connect(m_cboGroupList, &QComboBox::activated, this, &frmMain::cboGroupList_Click);
+
+    m_lstGameList = new QListWidget(m_inner);
+    m_lstGameList->setObjectName(QStringLiteral("lstGameList"));
+    m_lstGameList->installEventFilter(this);
+    m_lstGameList->viewport()->installEventFilter(this);
+    connect(m_lstGameList, &QListWidget::currentRowChanged, this, &frmMain::lstGameList_Click);
+    connect(m_lstGameList, &QListWidget::itemDoubleClicked, this, &frmMain::lstGameList_DblClick);
+
+    m_picSnapshot = new QLabel(m_inner);
+    m_picSnapshot->setObjectName(QStringLiteral("picSnapshot"));
+    m_picSnapshot->setFixedSize(SnapshotWidth, SnapshotHeight);
+    m_picSnapshot->setAlignment(Qt::AlignCenter);
+    m_picSnapshot->setFrameShape(QFrame::StyledPanel);
+
+    m_stbStatusBar = new QStatusBar(this);
+    m_stbStatusBar->setObjectName(QStringLiteral("stbStatusBar"));
+    setStatusBar(m_stbStatusBar);
+}
+
+void frmMain::CreateMenus() {
+    QMenu* options = menuBar()->addMenu(QStringLiteral("&Options"));
+    options->setObjectName(QStringLiteral("mnuOptions"));
+    connect(AddAction(options, QStringLiteral("&Group Manager"), QStringLiteral("mnuOptions_GroupManager")),
+            &QAction::triggered, this, &frmMain::mnuOptions_GroupManager_Click);
+    AddAction(options, QStringLiteral("&Front-End Settings..."), QStringLiteral("mnuOptions_Settings"))
+        ->setEnabled(false);
+    QMenu* exportMenu = options->addMenu(QStringLiteral("&Export..."));
+    exportMenu->setObjectName(QStringLiteral("mnuOptions_Export"));
+    AddAction(exportMenu, QStringLiteral("Game &List"), QStringLiteral("mnuOptions_Export_GameList"))
+        ->setEnabled(false);
+    options->addSeparator();
+    connect(AddAction(options, QStringLiteral("E&xit"), QStringLiteral("mnuOptions_Exit")),
+            &QAction::triggered, this, [this] { CloseFor(FormCode); });
+
+    m_romMenu = new RomMenu(m_state, this);
+    menuBar()->addMenu(m_romMenu->Menu());
+    connect(m_romMenu->Menu(), &QMenu::aboutToShow, this, [this] { m_romMenu->Prepare(m_selectedGame); });
+
+    m_mnuDevMenu = menuBar()->addMenu(QStringLiteral("&Debug Options"));
+    m_mnuDevMenu->setObjectName(QStringLiteral("mnuDevMenu"));
+    connect(AddAction(m_mnuDevMenu, QStringLiteral("&Toggle Event Log"),
+                      QStringLiteral("mnuDevMenu_ToggleEventLog")),
+            &QAction::triggered, this, [this] { frmEventLog::Toggle(this); });
+    m_mnuDevMenu->addSeparator()->setObjectName(QStringLiteral("mnuDevMenu_Bar"));
+    connect(AddAction(m_mnuDevMenu, QStringLiteral("&Save Game List"), QStringLiteral("mnuDevMenu_SaveGameList")),
+            &QAction::triggered, this, [this] { ExportGameList(m_state, Store, QString()); });
+    connect(AddAction(m_mnuDevMenu, QStringLiteral("Sa&ve Group List"), QStringLiteral("mnuDevMenu_SaveGroupList")),
+            &QAction::triggered, this, [this] { ExportGroupList(m_state, Store, QString()); });
+    connect(AddAction(m_mnuDevMenu, QStringLiteral("Save &Rom Folder List"),
+                      QStringLiteral("mnuDevMenu_SaveRomFolderList")),
+            &QAction::triggered, this, [this] { ExportGameFolders(m_state, Store, QString()); });
+    m_mnuDevMenu->menuAction()->setVisible(false);
+}
+
+void frmMain::Form_Load() {
+    BusyPointer busy;
+    ApplyPlacement();
+    LogWindowLoaded(objectName());
+    m_mnuDevMenu->menuAction()->setVisible(EventLog::DebugMode());
+    ImportGroupList(m_state, Store, QString());
+    cboGroupList_AddGroupList();
+    {
+        frmLoadGameList progress(this);
+        RebuildGameList(m_state, progress);
+    }
+    const QString& defaultGroup = m_state.Options.DefaultGroup;
+    SelectGroup(cboGroupList_SearchIndex(defaultGroup) >= 0 ? defaultGroup : FixedGroup);
+    m_loaded = true;
+    Form_Resize();
+}
+
+void frmMain::cboGroupList_AddGroupList() {
+    LogEvent(QStringLiteral("Adding groups to ") + objectName() + QStringLiteral(".cboGroupList..."));
+    m_cboGroupList->clear();
+    m_cboGroupList->addItem(FixedGroup);
+    for (const QString& group : m_state.Groups.Entries) {
+        if (group.isEmpty())
+            break;
+        m_cboGroupList->addItem(group);
+    }
+    LogEvent(QStringLiteral("Done."), true);
+}
+
+int frmMain::cboGroupList_SearchIndex(const QString& text) const {
+    for (int i = 0; i < m_cboGroupList->count(); ++i) {
+        if (m_cboGroupList->itemText(i).compare(text, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return -1;
+}
+
+int frmMain::lstGameList_SearchIndex(const QString& caption) const {
+    for (int i = 0; i < m_lstGameList->count(); ++i) {
+        if (m_lstGameList->item(i)->text().compare(caption, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return -1;
+}
+
+void frmMain::lstGameList_AddGameList(const QString& group) {
+    LogEvent(QStringLiteral("Adding games to list for group: ") + group + QStringLiteral("..."));
+    m_lstGameList->clear();
+    m_lstGameList->addItems(GroupCaptions(m_state.Games, group));
+    LogEvent(QStringLiteral("Done."), true);
+}
+
+// Selects the group's line in the selector, or "Ungrouped" when it is gone, as a click would.
+void frmMain::SelectGroup(const QString& group) {
+    const int index = cboGroupList_SearchIndex(group);
+    m_cboGroupList->setCurrentIndex(index >= 0 ? index : 0);
+    cboGroupList_Click();
+}
+
+void frmMain::cboGroupList_Click() {
+    const QString group = m_cboGroupList->currentText();
+    if (group == m_currentGroup)
+        return;
+    BusyPointer busy;
+    lstGameList_AddGameList(group);
+    if (m_lstGameList->count() > 0)
+        m_lstGameList->setCurrentRow(0);
+    m_currentGroup = group;
+    UpdateStatusBar();
+}
+
+void frmMain::lstGameList_Click() {
+    QListWidgetItem* item = m_lstGameList->currentItem();
+    if (!item)
+        return;
+    m_selectedGame = m_state.Games.FindGame(QStringLiteral("title"), item->text());
+    if (m_selectedGame >= 0 && m_state.Options.Snapshots_Show == 1)
+        ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename, m_state.Options.SnapshotFolder);
+    UpdateStatusBar();
+}
+
+void frmMain::lstGameList_DblClick() {
+    if (!m_lstGameList->currentItem())
+        return;
+    m_launcher.LaunchEmu(m_selectedGame);
+    lstGameList_Click(); // the snapshot may have changed during play
+}
+
+void frmMain::ShowSnapshot(const QString& fileName, const QString& snapshotFolder) {
+    const std::optional<QString> snapshot = FindSnapshot(fileName, snapshotFolder);
+    if (!snapshot)
+        return;
+    const QPixmap picture(*snapshot);
+    if (snapshot->isEmpty() || picture.isNull()) {
+        ShowNoSnapshot();
+        return;
+    }
+    m_picSnapshot->setPixmap(
+        picture.scaled(m_picSnapshot->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void frmMain::ShowNoSnapshot() {
+    const QString& noSnapPic = m_state.Options.Snapshots_NoSnapPic;
+    const QPixmap picture = noSnapPic.isEmpty() ? QPixmap() : QPixmap(GetShortPath(noSnapPic));
+    if (picture.isNull()) {
+        m_picSnapshot->clear();
+        m_picSnapshot->setText(QStringLiteral("No snapshot"));
+        return;
+    }
+    m_picSnapshot->setPixmap(
+        picture.scaled(m_picSnapshot->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+}
+
+void frmMain::UpdateStatusBar() {
+    const int listed = m_lstGameList->count();
+    QString text = QStringLiteral("%1 game%2 in %3").arg(listed).arg(listed == 1 ? "" : "s", m_currentGroup);
+    if (m_selectedGame >= 0 && m_lstGameList->currentItem()) {
+        const GameRecord& game = m_state.Games.Records[m_selectedGame];
+        text += QStringLiteral("   |   ") + game.Folder + game.Filename;
+    }
+    m_stbStatusBar->showMessage(text);
+}
+
+void frmMain::mnuOptions_GroupManager_Click() {
+    const QString remembered = m_cboGroupList->currentText();
+    {
+        frmGroupManager manager(m_state, m_prompts, this);
+        manager.exec();
+    }
+    cboGroupList_AddGroupList();
+    SelectGroup(remembered);
+}
+
+void frmMain::Form_Resize() {
+    const int width = m_inner->width();
+    const int height = m_inner->height();
+    if (m_state.Options.Snapshots_Show == 0) {
+        m_picSnapshot->hide();
+        m_cboGroupList->setGeometry(5, 5, width - 10, m_cboGroupList->sizeHint().height());
+        m_lstGameList->setGeometry(5, 33, width - 10, height - 38);
+    } else if (m_state.Options.Snapshots_Show == 1) {
+        m_picSnapshot->show();
+        m_picSnapshot->move(width - m_picSnapshot->width() - 5, 5);
+        const int left = m_picSnapshot->x();
+        m_cboGroupList->setGeometry(5, 5, left - 10, m_cboGroupList->sizeHint().height());
+        m_lstGameList->setGeometry(5, 33, left - 10, height - 38);
+    }
+    if (m_loaded)
+        StorePlacement();
+}
+
+int frmMain::TwipsToPixels(int twips) const {
+    return qRound(static_cast<double>(twips) * logicalDpiX() / 1440.0);
+}
+
+int frmMain::PixelsToTwips(int pixels) const {
+    return qRound(static_cast<double>(pixels) * 1440.0 / logicalDpiX());
+}
+
+void frmMain::ApplyPlacement() {
+    const WindowPlacement& placement = m_state.Options.MainForm;
+    setGeometry(TwipsToPixels(placement.Left), TwipsToPixels(placement.Top),
+                TwipsToPixels(placement.Width), TwipsToPixels(placement.Height));
+    if (placement.State == 1)
+        setWindowState(Qt::WindowMinimized);
+    else if (placement.State == 2)
+        setWindowState(Qt::WindowMaximized);
+}
+
+// The state always; the normal placement only while the window is neither
+// minimised nor maximised, so the last normal placement survives a maximised run.
+void frmMain::StorePlacement() {
+    WindowPlacement& placement = m_state.Options.MainForm;
+    if (isMinimized()) {
+        placement.State = 1;
+    } else if (isMaximized()) {
+        placement.State = 2;
+    } else {
+        placement.State = 0;
+        const QRect normal = geometry();
+        placement.Left = PixelsToTwips(normal.x());
+        placement.Top = PixelsToTwips(normal.y());
+        placement.Width = PixelsToTwips(normal.width());
+        placement.Height = PixelsToTwips(normal.height());
+    }
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange)
+        StorePlacement();
+    QMainWindow::changeEvent(event);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_inner && event->type() == QEvent::Resize) {
+        Form_Resize();
+    } else if (watched == m_lstGameList && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            lstGameList_DblClick();
+            return true;
+        }
+    } else if (watched == m_lstGameList->viewport() && event->type() == QEvent::MouseButtonRelease) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::RightButton && m_lstGameList->currentItem()) {
+            m_romMenu->Prepare(m_selectedGame);
+            m_romMenu->Menu()->popup(mouse->globalPosition().toPoint());
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::CloseFor(CloseReason reason) {
+    m_closeReason = reason;
+    close();
+    m_closeReason = FormControlMenu;
+}
+
+void frmMain::SaveEverythingBusy() {
+    BusyPointer busy;
+    if (!isMinimized() && !isMaximized())
+        StorePlacement();
+    SaveEverything(m_state);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (m_closed) {
+        event->accept();
+        return;
+    }
+    if (EventLog::DebugMode()) {
+        if (frmEventLog* log = frmEventLog::Instance())
+            log->hide();
+        hide();
+        const PromptAnswer answer = m_prompts.Message(QStringLiteral("View the Event Log before Ending?"),
+                                                      PromptButtons::YesNoCancel);
+        if (answer == PromptAnswer::Cancel) {
+            event->ignore();
+            frmEventLog::Open()->show();
+            show();
+            return;
+        }
+        SaveEverythingBusy();
+        if (answer == PromptAnswer::Yes) {
+            LogEvent(QStringLiteral("\r\nWaiting to End ") + AppTitle + QStringLiteral(" (Unload Mode ") +
+                     QString::number(m_closeReason) + QLatin1Char(')'));
+            frmEventLog::ShowModal();
+        }
+    } else {
+        SaveEverythingBusy();
+    }
+    m_closed = true;
+    event->accept();
+    emit Closed();
+}

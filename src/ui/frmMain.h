@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QMainWindow>
+
+class Launcher;
+class Prompts;
+class QComboBox;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QStatusBar;
+class RomMenu;
+struct AppState;
+
+// The main window: the group selector, the selected group's games, the selected
+// game's snapshot, the menus, and the load and close sequences.
+class frmMain final : public QMainWindow {
+    Q_OBJECT
+public:
+    // Why the window closes: the close box, the program (Exit), the end of the
+    // player's session, or the task list.
+    enum CloseReason { FormControlMenu = 0, FormCode = 1, AppWindows = 2, FormTaskManager = 3 };
+
+    frmMain(AppState& state, Prompts& prompts, Launcher& launcher, QWidget* parent = nullptr);
+
+    // Restores the placement, imports the groups, rebuilds the game list and shows
+    // the default group. Called once before the window is shown.
+    void Form_Load();
+    // Lays the controls out for the snapshot setting and stores the placement.
+    void Form_Resize();
+    // Closes the window for the given reason, running the close sequence.
+    void CloseFor(CloseReason reason);
+
+    int cboGroupList_SearchIndex(const QString& text) const;
+    int lstGameList_SearchIndex(const QString& caption) const;
+
+signals:
+    // The window has closed for good: the program ends.
+    void Closed();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void CreateControls();
+    void CreateMenus();
+    void cboGroupList_AddGroupList();
+    void lstGameList_AddGameList(const QString& group);
+    void SelectGroup(const QString& group);
+    void cboGroupList_Click();
+    void lstGameList_Click();
+    void lstGameList_DblClick();
+    void ShowSnapshot(const QString& fileName, const QString& snapshotFolder);
+    void ShowNoSnapshot();
+    void UpdateStatusBar();
+    void mnuOptions_GroupManager_Click();
+    void SaveEverythingBusy();
+    void ApplyPlacement();
+    void StorePlacement();
+    int TwipsToPixels(int twips) const;
+    int PixelsToTwips(int pixels) const;
+
+    AppState& m_state;
+    Prompts& m_prompts;
+    Launcher& m_launcher;
+    QString m_currentGroup;
+    int m_selectedGame = -1;
+    CloseReason m_closeReason = FormControlMenu;
+    bool m_loaded = false;
+    bool m_closed = false;
+
+    QWidget* m_inner = nullptr;
+    QComboBox* m_cboGroupList = nullptr;
+    QListWidget* m_lstGameList = nullptr;
+    QLabel* m_picSnapshot = nullptr;
+    QStatusBar* m_stbStatusBar = nullptr;
+    QMenu* m_mnuDevMenu = nullptr;
+    RomMenu* m_romMenu = nullptr;
+};
