@@ -1,10 +1,8 @@
 #include "app/AppState.h"
 #include "app/AppTitle.h"
-#include "app/EventLog.h"
-#include "app/Startup.h"
 #include "launch/Launcher.h"
 #include "ui/QtPrompts.h"
-#include "ui/frmEventLog.h"
+#include "ui/StartLumbra.h"
 #include "ui/frmMain.h"
 
 #include <QApplication>
@@ -19,21 +17,12 @@ int main(int argc, char** argv) {
     AppState state;
     QtPrompts prompts;
     PendingLauncher launcher;
-
-    frmEventLog::Install();
-    state.PictureTypes = FillPictureTypes();
-    if (IsDebugSwitch(QApplication::arguments().mid(1))) {
-        EventLog::SetDebugMode(true);
-        EventLog::OpenView();
-    }
-    LoadConfiguration(state);
-
-    frmMain window(state, prompts, launcher);
-    prompts.SetParent(&window);
-    QObject::connect(&window, &frmMain::Closed, &app, &QApplication::quit);
-    QObject::connect(&app, &QGuiApplication::commitDataRequest, &window,
-                     [&window] { window.CloseFor(frmMain::AppWindows); });
-    window.Form_Load();
-    window.show();
+    const std::unique_ptr<frmMain> window =
+        StartLumbra(state, prompts, launcher, QApplication::arguments().mid(1));
+    prompts.SetParent(window.get());
+    QObject::connect(window.get(), &frmMain::Closed, &app, &QApplication::quit);
+    QObject::connect(&app, &QGuiApplication::commitDataRequest, window.get(),
+                     [&window] { window->CloseFor(frmMain::AppWindows); });
+    window->show();
     return QApplication::exec();
 }

@@ -1,0 +1,21 @@
+#include "ui/StartLumbra.h"
+
+#include "app/AppState.h"
+#include "app/EventLog.h"
+#include "app/Startup.h"
+#include "ui/frmEventLog.h"
+#include "ui/frmMain.h"
+
+std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, Launcher& launcher,
+                                     const QStringList& arguments) {
+    frmEventLog::Install();
+    state.PictureTypes = FillPictureTypes();
+    if (IsDebugSwitch(arguments)) {
+        EventLog::SetDebugMode(true);
+        EventLog::OpenView();
+    }
+    LoadConfiguration(state);
+    auto window = std::make_unique<frmMain>(state, prompts, launcher);
+    window->Form_Load();
+    return window;
+}
