@@ -55,7 +55,6 @@ frmMain::frmMain(AppState& state, Prompts& prompts, Launcher& launcher, QWidget*
 
 void frmMain::CreateControls() {
     m_inner = new QWidget(this);
-    m_inner->installEventFilter(this);
     setCentralWidget(m_inner);
 
     m_cboGroupList = new QComboBox(m_inner);
@@ -78,6 +77,7 @@ void frmMain::CreateControls() {
     m_stbStatusBar = new QStatusBar(this);
     m_stbStatusBar->setObjectName(QStringLiteral("stbStatusBar"));
     setStatusBar(m_stbStatusBar);
+    m_inner->installEventFilter(this); // once its children exist
 }
 
 void frmMain::CreateMenus() {

@@ -1,0 +1,237 @@
+#include "config/Profiles.h"
+#include "launch/Launcher.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFixtures.h"
+#include "ui/StartLumbra.h"
+#include "ui/frmEventLog.h"
+#include "ui/frmMain.h"
+
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+class MainWindowTest : public LumbraTest {
+protected:
+    ~MainWindowTest() override { delete frmEventLog::Instance(); }
+
+    // Three games in a folder, two groups, one game removed, stored as a last run left them.
+    void SeedStore(const QString& defaultGroup = QStringLiteral("Ungrouped")) {
+        const QString folder = MakeFolder(QStringLiteral("SNES Games"));
+        for (const char* name : {"Zelda.SMC", "Mario.sfc", "Gone.smc", "Tetris.smc"})
+            WriteFile(QStringLiteral("SNES Games/") + QString::fromLatin1(name), "x");
+        AppState seed;
+        seed.GameFolders.AddGameFolder(folder + QLatin1Char('/'));
+        seed.Groups.AddGroup(QStringLiteral("RPG"));
+        seed.Groups.AddGroup(QStringLiteral("Action"));
+        seed.Options.DefaultGroup = defaultGroup;
+        ExportGameFolders(seed, QStringLiteral("reg"), QString());
+        ExportGroupList(seed, QStringLiteral("reg"), QString());
+        ExportSettings(seed, QStringLiteral("reg"), QString());
+        const QString section = QStringLiteral("Game List\\") + folder.toLower() + QLatin1Char('/');
+        seed.Store.Write(section, QStringLiteral("zelda.smc"), QStringLiteral("Zelda;RPG;Default;Default"));
+        seed.Store.Write(section, QStringLiteral("mario.sfc"), QStringLiteral("Mario;Action;Default;Default"));
+        seed.Store.Write(section, QStringLiteral("gone.smc"), QStringLiteral("/invisible;RPG;Default;Default"));
+        seed.Store.Write(section, QStringLiteral("tetris.smc"), QStringLiteral("Tetris;RPG;Snes9X;fast"));
+        seed.Store.Sync();
+    }
+
+    void Start(const QStringList& arguments = {}) {
+        m_window = StartLumbra(m_state, m_prompts, m_launcher, arguments);
+        m_window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
+    }
+
+    template <typename T> T* Control(const char* name) const {
+        return m_window->findChild<T*>(QString::fromLatin1(name));
+    }
+    QStringList Listed() const {
+        QStringList captions;
+        auto* list = Control<QListWidget>("lstGameList");
+        for (int i = 0; i < list->count(); ++i)
+            captions << list->item(i)->text();
+        return captions;
+    }
+    // Picks the group from the selector's drop-down list, as a player would.
+    void ChooseGroup(const QString& group) {
+        auto* groups = Control<QComboBox>("cboGroupList");
+        groups->showPopup();
+        QAbstractItemView* view = groups->view();
+        const QModelIndex index = view->model()->index(groups->findText(group), 0);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    }
+    void Trigger(const char* actionName) { Control<QAction>(actionName)->trigger(); }
+    bool StoreHasSettings() const {
+        return SettingsStore().Contains(QStringLiteral("Settings"), QStringLiteral("DefaultGroup"));
+    }
+
+    ScriptedPrompts m_prompts;
+    PendingLauncher m_launcher;
+    std::unique_ptr<frmMain> m_window;
+};
+
+TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
+    SeedStore(QStringLiteral("No Such Group"));
+    Start({QStringLiteral("/DEBUG")});
+    EXPECT_TRUE(LogText().startsWith(QStringLiteral(
+        "\r\n\r\n=== Loaded frmEventLog ===\r\nEmulator Defined: Nlke\r\nEmulator Defined: Snes9X"
+        "\r\nEmulator Defined: ZSnes\r\nImporting Settings from: Registry...Done."
+        "\r\nImporting Game Folders from: Registry...Done.\r\n\r\n=== Loaded frmMain ==="
+        "\r\nImporting GroupList from: Registry...Done.\r\nAdding groups to frmMain.cboGroupList...Done."
+        "(Loaded frmLoadGameList)...\r\nGameList array cleared.\r\nImporting files from: ")))
+        << LogText().toStdString();
+    EXPECT_TRUE(LogText().contains(QStringLiteral(
+        "Duplicates Found? False\r\n\r\n=== Unloaded frmLoadGameList ===\r\n"
+        "Adding games to list for group: Ungrouped...Done.")));
+    EXPECT_TRUE(Control<QMenu>("mnuDevMenu")->menuAction()->isVisible());
+    EXPECT_EQ(Control<QComboBox>("cboGroupList")->currentText(), QStringLiteral("Ungrouped"));
+    EXPECT_EQ(Listed(), QStringList());
+
+    ChooseGroup(QStringLiteral("RPG"));
+    EXPECT_EQ(Listed(), (QStringList{"Tetris", "Zelda"})); // the removed game stays hidden
+    const qsizetype fills = LogText().count(QStringLiteral("Adding games to list for group"));
+    ChooseGroup(QStringLiteral("RPG"));
+    EXPECT_EQ(LogText().count(QStringLiteral("Adding games to list for group")), fills);
+
+    // Enter and a double click launch the selected game.
+    auto* list = Control<QListWidget>("lstGameList");
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    const QPoint first = list->visualItemRect(list->item(0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
+    EXPECT_EQ(m_launcher.Requests,
+              (QList<int>{m_state.Games.FindGame("title", "Zelda"), m_state.Games.FindGame("title", "Tetris")}));
+}
+
+TEST_F(MainWindowTest, DebugCloseAsksAndCancelKeepsEverythingRunningUnsaved) {
+    SeedStore();
+    m_state.Store.Clear();
+    Start({QStringLiteral("/debug")});
+    QSignalSpy closed(m_window.get(), &frmMain::Closed);
+
+    m_prompts.AnswerMessage(PromptAnswer::Cancel);
+    m_window->close();
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_TRUE(frmEventLog::Instance()->isVisible());
+    EXPECT_FALSE(StoreHasSettings());
+    EXPECT_EQ(closed.count(), 0);
+
+    m_prompts.AnswerMessage(PromptAnswer::Yes);
+    QTimer::singleShot(50, [] { frmEventLog::Instance()->close(); });
+    Trigger("mnuOptions_Exit");
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_TRUE(StoreHasSettings());
+    EXPECT_EQ(m_prompts.AskedTexts(),
+              QStringList(2, QStringLiteral("View the Event Log before Ending?")));
+    EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNoCancel);
+}
+
+TEST_F(MainWindowTest, YesShowsTheLogWithTheCloseReasonAndNoJustSaves) {
+    Start({QStringLiteral("/debug")});
+    m_prompts.AnswerMessage(PromptAnswer::Yes);
+    QString logAtEnd;
+    QTimer::singleShot(50, [&logAtEnd] {
+        logAtEnd = frmEventLog::Instance()->Text();
+        frmEventLog::Instance()->close();
+    });
+    m_window->close();
+    EXPECT_TRUE(logAtEnd.contains(QStringLiteral(
+        "\r\n\r\n=== Preparing to unload Lumbra===\r\nExporting Settings to: Registry...Done."
+        "\r\nExporting Game Folder list to: Registry...Done.\r\nExporting GroupList to: Registry...Done."
+        "\r\nExporting GameList to: Registry...Done.\r\n\r\nWaiting to End Lumbra (Unload Mode 0)")))
+        << logAtEnd.toStdString();
+
+    EventLog::Reset();
+    m_window.reset();
+    m_state.Store.Clear();
+    Start();
+    m_window->close();
+    EXPECT_TRUE(m_prompts.Asked().size() == 1); // no question without debug mode
+    EXPECT_TRUE(StoreHasSettings());
+}
+
+TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
+    SeedStore();
+    m_state.Options.Snapshots_Show = 1;
+    Start();
+    m_state.Options.SnapshotFolder = MakeFolder(QStringLiteral("Shots"));
+    QImage shot(32, 28, QImage::Format_RGB32);
+    shot.fill(Qt::red);
+    ASSERT_TRUE(shot.save(TempPath(QStringLiteral("Shots/zelda.bmp"))));
+    ChooseGroup(QStringLiteral("RPG"));
+
+    auto* picture = Control<QLabel>("picSnapshot");
+    auto* list = Control<QListWidget>("lstGameList");
+    const int inner = m_window->centralWidget()->width();
+    EXPECT_TRUE(picture->isVisible());
+    EXPECT_EQ(picture->x(), inner - picture->width() - 5);
+    EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, m_window->centralWidget()->height() - 38));
+    EXPECT_TRUE(picture->pixmap().isNull()); // Tetris has no snapshot
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_FALSE(picture->pixmap().isNull());
+
+    m_state.Options.Snapshots_Show = 0;
+    m_window->Form_Resize();
+    EXPECT_FALSE(picture->isVisible());
+    EXPECT_EQ(list->width(), inner - 10);
+}
+
+TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
+    Start();
+    m_window->setGeometry(60, 75, 600, 450);
+    m_window->close();
+    EXPECT_EQ(SettingsStore().Read(QStringLiteral("Settings"), QStringLiteral("MainForm")),
+              QStringLiteral("900;1125;9000;6750;0"));
+
+    const QStringList endings{QStringLiteral("2"), QStringLiteral("0")};
+    for (const QString& state : endings) {
+        m_window.reset();
+        m_state.Options = Settings();
+        Start();
+        EXPECT_EQ(m_window->normalGeometry().size(), QSize(600, 450));
+        // The first run ends maximised, the second starts so and ends normal.
+        if (state == endings.first())
+            m_window->showMaximized();
+        else
+            m_window->showNormal();
+        QTest::qWait(20);
+        m_window->close();
+        EXPECT_EQ(SettingsStore().Read(QStringLiteral("Settings"), QStringLiteral("MainForm")),
+                  QStringLiteral("900;1125;9000;6750;") + state);
+    }
+}
+
+TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
+    SeedStore();
+    for (const char* profile : {"fast", "Basic", "clean"})
+        WriteProfile(m_state.Store, QStringLiteral("Snes9X"), QString::fromLatin1(profile), QStringLiteral("-x"));
+    Start();
+    ChooseGroup(QStringLiteral("RPG"));
+    auto* list = Control<QListWidget>("lstGameList");
+    auto* menu = Control<QMenu>("mnuRomMenu");
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, list->visualItemRect(list->item(0)).center());
+    ASSERT_TRUE(menu->isVisible());
+    menu->hide();
+
+    QStringList profiles;
+    for (QAction* item : Control<QMenu>("mnuRomMenu_Profile")->actions()) {
+        if (item->objectName() == QLatin1String("mnuProfile_Item"))
+            profiles << item->text() + (item->isChecked() ? QStringLiteral("*") : QString());
+    }
+    EXPECT_EQ(profiles, (QStringList{"Basic", "clean", "fast*"}));
+
+    for (QAction* item : Control<QMenu>("mnuRomMenu_LaunchUsing")->actions()) {
+        if (item->text() == QLatin1String("ZSnes"))
+            item->trigger();
+    }
+    EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("title", "Tetris")].Emulator, QStringLiteral("ZSnes"));
+}
+
+} // namespace
