@@ -17,50 +17,74 @@ QString WithForwardSlashes(const QString& path) {
 
 } // namespace
 
-const QStringList& PathResolver::Listing(const QString& folder) {
+const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
     auto it = m_listings.find(folder);
     if (it == m_listings.end()) {
-        const QStringList entries =
-            QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                   QDir::Name);
-        it = m_listings.insert(folder, entries);
+        Listing listing;
+        const QStringList entries = QDir(folder.isEmpty() ? QStringLiteral(".") : folder)
+                                        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
+                                                       QDir::NoDotAndDotDot,
+                                                   QDir::Name);
+        for (const QString& entry : entries) {
+            listing.Names.insert(entry);
+            QString& first = listing.ByLowerName[entry.toLower()];
+            if (first.isEmpty() || entry < first)
+                first = entry;
+        }
+        it = m_listings.insert(folder, listing);
     }
     return *it;
+}
+
+QString PathResolver::Match(const QString& folder, const QString& name) {
+    if (name == QLatin1String(".") || name == QLatin1String(".."))
+        return name;
+    const Listing& listing = ListFolder(folder);
+    if (listing.Names.contains(name))
+        return name;
+    return listing.ByLowerName.value(name.toLower());
+}
+
+// folder ends in "/" (or is empty for the current folder); so does the result.
+QString PathResolver::ResolveFolder(const QString& folder) {
+    if (folder.isEmpty() || folder == QLatin1String("/"))
+        return folder;
+    const auto cached = m_folders.constFind(folder);
+    if (cached != m_folders.constEnd())
+        return *cached;
+    const qsizetype slash = folder.lastIndexOf(QLatin1Char('/'), -2);
+    const QString parent = ResolveFolder(folder.left(slash + 1));
+    QString resolved;
+    if (!parent.isEmpty() || slash < 0) {
+        const QString name = folder.mid(slash + 1, folder.size() - slash - 2);
+        const QString match = name.isEmpty() ? name : Match(parent, name);
+        if (!match.isEmpty() || name.isEmpty())
+            resolved = parent + match + (match.isEmpty() ? QString() : QStringLiteral("/"));
+        if (name.isEmpty())
+            resolved = parent; // a doubled separator
+    }
+    m_folders.insert(folder, resolved);
+    return resolved;
 }
 
 QString PathResolver::Resolve(const QString& path) {
     if (path.trimmed().isEmpty())
         return QString();
-    const QString normalized = WithForwardSlashes(path);
-    if (QFileInfo::exists(normalized))
-        return normalized;
-
-    const bool absolute = normalized.startsWith(QLatin1Char('/'));
+    QString normalized = WithForwardSlashes(path);
     const bool trailingSlash = normalized.endsWith(QLatin1Char('/'));
-    QString resolved = absolute ? QStringLiteral("/") : QString();
-    const QStringList components = normalized.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QString& component : components) {
-        const QString folder = resolved.isEmpty() ? QStringLiteral(".") : resolved;
-        const QString exact = resolved + component;
-        QString match;
-        if (component == QLatin1String(".") || component == QLatin1String("..") ||
-            QFileInfo::exists(exact)) {
-            match = component;
-        } else {
-            for (const QString& entry : Listing(folder)) {
-                if (entry.compare(component, Qt::CaseInsensitive) == 0) {
-                    match = entry;
-                    break;
-                }
-            }
-        }
-        if (match.isEmpty())
-            return QString();
-        resolved += match + QLatin1Char('/');
-    }
-    if (!trailingSlash && resolved.size() > 1)
-        resolved.chop(1);
-    return resolved;
+    if (trailingSlash && normalized.size() > 1)
+        normalized.chop(1);
+    const qsizetype slash = normalized.lastIndexOf(QLatin1Char('/'));
+    const QString folder = ResolveFolder(normalized.left(slash + 1));
+    if (folder.isEmpty() && slash >= 0)
+        return QString();
+    const QString name = normalized.mid(slash + 1);
+    if (name.isEmpty())
+        return folder; // the root
+    const QString match = Match(folder, name);
+    if (match.isEmpty())
+        return QString();
+    return folder + match + (trailingSlash ? QStringLiteral("/") : QString());
 }
 
 QString PathResolver::ResolveOrKeep(const QString& path) {
