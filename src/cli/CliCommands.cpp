@@ -176,8 +176,12 @@ int RunScan(CliContext& context, const QStringList& arguments) {
     AppState& state = context.State;
     LoadCatalogue(state);
     ExportGameList(state, Store, QString());
-    context.Out << "Scanned " << state.Games.Count() << " games in " << state.GameFolders.Count()
-                << " folders.\n";
+    const auto counted = [](int count, const char* noun) {
+        return QString::number(count) + QLatin1Char(' ') + QLatin1String(noun) +
+               (count == 1 ? QString() : QStringLiteral("s"));
+    };
+    context.Out << "Scanned " << counted(state.Games.Count(), "game") << " in "
+                << counted(state.GameFolders.Count(), "folder") << ".\n";
     return ExitOk;
 }
 

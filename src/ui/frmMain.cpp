@@ -275,7 +275,10 @@ int frmMain::PixelsToTwips(int pixels) const {
 }
 
 void frmMain::ApplyPlacement() {
-    const WindowPlacement& placement = m_state.Options.MainForm;
+    WindowPlacement& placement = m_state.Options.MainForm;
+    // A damaged placement must not leave the window too small to find.
+    if (placement.Width <= 0 || placement.Height <= 0)
+        placement = WindowPlacement();
     setGeometry(TwipsToPixels(placement.Left), TwipsToPixels(placement.Top),
                 TwipsToPixels(placement.Width), TwipsToPixels(placement.Height));
     if (placement.State == 1)
