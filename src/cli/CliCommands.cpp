@@ -177,8 +177,10 @@ int RunScan(CliContext& context, const QStringList& arguments) {
     LoadCatalogue(state);
     ExportGameList(state, Store, QString());
     const auto counted = [](int count, const char* noun) {
-        return QString::number(count) + QLatin1Char(' ') + QLatin1String(noun) +
-               (count == 1 ? QString() : QStringLiteral("s"));
+        QString text = QString::number(count) + QLatin1Char(' ') + QLatin1String(noun);
+        if (count != 1)
+            text += QLatin1Char('s');
+        return text;
     };
     context.Out << "Scanned " << counted(state.Games.Count(), "game") << " in "
                 << counted(state.GameFolders.Count(), "folder") << ".\n";
