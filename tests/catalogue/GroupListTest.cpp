@@ -6,158 +6,88 @@
 namespace {
 
 const QString Section = QStringLiteral("Group List");
-const QString FullOrFixed =
-    QStringLiteral("\r\nGroupList is either full or the group to add is the Fixed Group.");
+const QString Refused = "...\r\nGroupList is either full or the group to add is the Fixed Group.";
 
 class GroupListTest : public LumbraTest {
 protected:
-    GroupList& Groups() { return m_state.Groups; }
-
-    void Fill(const QStringList& names) {
-        for (qsizetype i = 0; i < names.size(); ++i)
-            Groups().Entries[i] = names[i];
-    }
-
-    QStringList Used() const {
-        QStringList names;
-        for (const QString& entry : m_state.Groups.Entries)
-            if (!entry.isEmpty())
-                names.append(entry);
+    GroupListTest() { EnableLog(); }
+    // The names held anywhere in the list.
+    static QStringList Used(const GroupList& groups) {
+        QStringList names(groups.Entries.begin(), groups.Entries.end());
+        names.removeAll(QString());
         return names;
     }
-
-    QStringList Stored() const {
-        QStringList pairs;
-        for (const auto& [key, value] : m_state.Store.ListSection(Section))
-            pairs.append(key + QLatin1Char('=') + value);
-        pairs.sort();
-        return pairs;
-    }
+    GroupList& m_groups = m_state.Groups;
 };
 
-TEST_F(GroupListTest, FindGroupNeverFindsTheFixedGroupAndIgnoresCaseOtherwise) {
-    Fill({"Action", "Ungrouped"});
-    EXPECT_EQ(Groups().FindGroup("Ungrouped"), -1);
-    EXPECT_EQ(Groups().FindGroup("ungrouped"), 1);
-    EXPECT_EQ(Groups().FindGroup("ACTION"), 0);
-    EXPECT_EQ(Groups().FindGroup("Puzzle"), -1);
-    EXPECT_EQ(Groups().FindGroup(QString()), 2); // the first free entry
-}
+TEST_F(GroupListTest, FindAndAddFollowTheNamingAndCapacityRules) {
+    m_groups.Entries = {"Action", FixedGroup};
+    EXPECT_EQ(m_groups.FindGroup("ungrouped"), 1);
+    EXPECT_EQ(m_groups.FindGroup("ACTION"), 0);
+    EXPECT_EQ(m_groups.FindGroup(QString()), 2); // the first free entry
 
-TEST_F(GroupListTest, AddRefusesTheFixedGroupExistingNamesAndEmptyNames) {
-    EnableLog();
-    Fill({"action"});
-    EXPECT_FALSE(Groups().AddGroup("UNGROUPED"));
-    EXPECT_FALSE(Groups().AddGroup("Action"));
-    EXPECT_FALSE(Groups().AddGroup(QString()));
-    EXPECT_TRUE(Groups().AddGroup(" RPG "));
-    EXPECT_EQ(Used(), (QStringList{"action", " RPG "}));
-    EXPECT_EQ(LogText(), "\r\nAttempting to add group: UNGROUPED..." + FullOrFixed +
-                             "\r\nAttempting to add group: Action...Already Exists!"
+    m_groups.Entries[1].clear();
+    EXPECT_FALSE(m_groups.AddGroup("UNGROUPED") || m_groups.AddGroup("action") ||
+                 m_groups.AddGroup(QString()));
+    EXPECT_TRUE(m_groups.AddGroup(" RPG "));
+    EXPECT_EQ(Used(m_groups), (QStringList{"Action", " RPG "}));
+    EXPECT_EQ(LogText(), "\r\nAttempting to add group: UNGROUPED" + Refused +
+                             "\r\nAttempting to add group: action...Already Exists!"
                              "\r\nAttempting to add group: ...Already Exists!"
                              "\r\nAttempting to add group:  RPG ...Success.");
+
+    for (int i = 2; i < GroupList::Capacity; ++i)
+        ASSERT_TRUE(m_groups.AddGroup(QString::number(i)));
+    EXPECT_FALSE(m_groups.AddGroup("One Too Many") || m_groups.AddGroup(QString()));
+    EXPECT_TRUE(LogText().endsWith("Success.\r\nAttempting to add group: One Too Many" + Refused +
+                                   "\r\nAttempting to add group: " + Refused));
 }
 
-TEST_F(GroupListTest, HundredGroupsFitAndTheNextIsRefused) {
-    for (int i = 0; i < GroupList::Capacity; ++i)
-        ASSERT_TRUE(Groups().AddGroup(QStringLiteral("Group %1").arg(i))) << i;
-    EXPECT_EQ(Groups().Count(), 100);
-    EXPECT_EQ(Groups().FindGroup(QString()), -1);
-    EnableLog();
-    EXPECT_FALSE(Groups().AddGroup("One Too Many"));
-    EXPECT_FALSE(Groups().AddGroup(QString()));
-    EXPECT_EQ(LogText(), "\r\nAttempting to add group: One Too Many..." + FullOrFixed +
-                             "\r\nAttempting to add group: ..." + FullOrFixed);
-}
-
-TEST_F(GroupListTest, RemovePacksTheEntriesThatFollow) {
-    EnableLog();
-    Fill({"RPG", "Action", "Puzzle"});
-    EXPECT_TRUE(Groups().RemoveGroup("rpg"));
-    EXPECT_EQ(Groups().Entries[0], "Action");
-    EXPECT_EQ(Groups().Entries[1], "Puzzle");
-    EXPECT_TRUE(Groups().Entries[2].isEmpty());
-    EXPECT_EQ(LogText(), "\r\nAttempting to remove group: rpg...Success!");
-
-    for (int i = 0; i < GroupList::Capacity; ++i)
-        Groups().Entries[i] = QString::number(i);
-    EXPECT_TRUE(Groups().RemoveGroup("99"));
-    EXPECT_TRUE(Groups().RemoveGroup("50"));
-    EXPECT_EQ(Groups().Entries[50], "51");
-    EXPECT_EQ(Groups().Count(), 98);
-}
-
-TEST_F(GroupListTest, RemovingAnUnknownNameOrTheFixedGroupIsRefused) {
-    EnableLog();
-    Fill({"Action", "Ungrouped"});
-    EXPECT_FALSE(Groups().RemoveGroup("Puzzle"));
-    EXPECT_FALSE(Groups().RemoveGroup("Ungrouped"));
-    EXPECT_EQ(Groups().Count(), 2);
-    EXPECT_EQ(LogText(), "\r\nAttempting to remove group: Puzzle...No Custom Groups Exist!"
+TEST_F(GroupListTest, RemovePacksTheListAndUngroupingStopsAtTheFirstEmptyCaption) {
+    m_groups.Entries = {"RPG", "Action", "Puzzle", FixedGroup};
+    EXPECT_TRUE(m_groups.RemoveGroup("rpg"));
+    EXPECT_FALSE(m_groups.RemoveGroup("Nope") || m_groups.RemoveGroup(FixedGroup));
+    EXPECT_EQ(Used(m_groups), (QStringList{"Action", "Puzzle", FixedGroup}));
+    EXPECT_EQ(m_groups.Count(), 3);
+    EXPECT_EQ(LogText(), "\r\nAttempting to remove group: rpg...Success!"
+                         "\r\nAttempting to remove group: Nope...No Custom Groups Exist!"
                          "\r\nAttempting to remove group: Ungrouped...No Custom Groups Exist!");
-}
+    for (int i = 0; i < GroupList::Capacity; ++i)
+        m_groups.Entries[i] = QString::number(i);
+    EXPECT_TRUE(m_groups.RemoveGroup("99") && m_groups.RemoveGroup("50"));
+    EXPECT_EQ(m_groups.Entries[50], "51");
+    EXPECT_EQ(m_groups.Count(), 98);
 
-TEST_F(GroupListTest, UngroupGamesStopsAtTheFirstEmptyCaption) {
-    auto& records = m_state.Games.Records;
+    auto& games = m_state.Games.Records;
     const QStringList groups{"ACTION", "Puzzle", "Action", "", "Action"};
-    for (int i = 0; i < groups.size(); ++i) {
-        records[i].Caption = groups[i].isEmpty() ? QString() : QStringLiteral("Game %1").arg(i);
-        records[i].Group = groups[i];
-    }
+    for (int i = 0; i < groups.size(); ++i)
+        games[i].Caption = games[i].Group = groups[i]; // no caption: the end of the list
     UngroupGames(m_state.Games, "action");
-    EXPECT_EQ(records[0].Group, FixedGroup);
-    EXPECT_EQ(records[1].Group, "Puzzle");
-    EXPECT_EQ(records[2].Group, FixedGroup);
-    EXPECT_EQ(records[4].Group, "Action");
+    EXPECT_EQ(games[0].Group + games[1].Group + games[2].Group + games[4].Group,
+              FixedGroup + "Puzzle" + FixedGroup + "Action");
 }
 
-TEST_F(GroupListTest, ExportRewritesTheSectionAndImportReadsItBack) {
-    EnableLog();
-    Fill({"RPG", "Action", "Puzzle"});
-    m_state.Store.Write(Section, "07", "Stale");
+TEST_F(GroupListTest, TheStoreFormRewritesAndReadsBackTheFileFormOnlyLogs) {
+    m_groups.Entries = {"RPG", "Puzzle"};
+    m_state.Store.Write(Section, "02", "Stale");
     ExportGroupList(m_state, "REG", QString());
-    ASSERT_TRUE(Groups().RemoveGroup("Action"));
-    ExportGroupList(m_state, "registry", QString());
-    EXPECT_EQ(Stored(), (QStringList{"00=RPG", "01=Puzzle"}));
-    EXPECT_EQ(SettingsStore().Read(Section, "01"), "Puzzle"); // synced to disk
-
-    AppState fresh;
-    ImportGroupList(fresh, "Reg", QString());
-    EXPECT_EQ(fresh.Groups.Entries, Groups().Entries);
-    EXPECT_TRUE(LogText().endsWith("Exporting GroupList to: Registry...Done."
-                                   "\r\nImporting GroupList from: Registry...Done."));
-}
-
-TEST_F(GroupListTest, ImportStopsAtTheFirstGapAndKeepsLaterEntries) {
-    Fill({"Old 0", "Old 1", "Old 2"});
-    m_state.Store.Write(Section, "00", "New 0");
-    m_state.Store.Write(Section, "02", "New 2");
-    ImportGroupList(m_state, "reg", QString());
-    EXPECT_EQ(Used(), (QStringList{"New 0", "Old 1", "Old 2"}));
-}
-
-TEST_F(GroupListTest, FileFormsOnlyLogAndOtherTargetsDoNothing) {
-    EnableLog();
-    Fill({"RPG"});
-    LogEvent(QStringLiteral("Saving..."));
     ExportGroupList(m_state, "file", "groups.ini");
-    ImportGroupList(m_state, "INI", "groups.ini");
     ExportGroupList(m_state, "disk", QString());
-    ImportGroupList(m_state, QString(), QString());
-    EXPECT_EQ(LogText(), "\r\nSaving...Exporting GroupList to file: groups.ini..."
-                         "\r\nImporting GroupList from file: groups.ini...");
-    EXPECT_TRUE(Stored().isEmpty());
-    EXPECT_EQ(Used(), QStringList{"RPG"});
-    EXPECT_FALSE(QFile::exists("groups.ini"));
-}
+    const QList<std::pair<QString, QString>> stored{{"00", "RPG"}, {"01", "Puzzle"}};
+    EXPECT_EQ(SettingsStore().ListSection(Section), stored); // synced to disk
 
-TEST_F(GroupListTest, NothingIsLoggedOutsideDebugMode) {
-    Groups().AddGroup("Action");
-    Groups().AddGroup("Action");
-    Groups().RemoveGroup("Nope");
-    ExportGroupList(m_state, "reg", QString());
-    ImportGroupList(m_state, "file", "x");
-    EXPECT_TRUE(LogText().isEmpty());
+    m_state.Store.Write(Section, "03", "Beyond the gap");
+    AppState fresh;
+    fresh.Groups.Entries = {"Old 0", "Old 1", "Old 2"};
+    ImportGroupList(fresh, "Reg", QString());
+    ImportGroupList(fresh, "INI", "groups.ini");
+    ImportGroupList(fresh, QString(), QString());
+    EXPECT_EQ(Used(fresh.Groups), (QStringList{"RPG", "Puzzle", "Old 2"}));
+    EXPECT_FALSE(QFile::exists("groups.ini"));
+    EXPECT_EQ(LogText(), "\r\nExporting GroupList to: Registry...Done."
+                         "Exporting GroupList to file: groups.ini..."
+                         "\r\nImporting GroupList from: Registry...Done."
+                         "\r\nImporting GroupList from file: groups.ini...");
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 
 #include <QList>
 #include <QQueue>
-#include <QString>
+#include <QStringList>
 #include <optional>
 
 // Prompts for tests: answers are scripted in advance and handed out in order, one
@@ -14,6 +14,7 @@
 class ScriptedPrompts final : public Prompts {
 public:
     enum class Kind { Message, Input, OpenFile, SaveFile, Folder };
+    using Path = std::optional<QString>; // std::nullopt is the Cancel button
 
     struct Question {
         Kind kind;
@@ -21,41 +22,50 @@ public:
         QString title;    // as given; empty means the application's title
         QString filter;   // file dialogs
         QString proposed; // proposed input or file name, the open dialog's folder
-        PromptButtons buttons;
-        PromptIcon icon;
+        PromptButtons buttons = PromptButtons::Ok;
+        PromptIcon icon = PromptIcon::None;
     };
 
     ~ScriptedPrompts() override;
 
-    ScriptedPrompts& AnswerMessage(PromptAnswer answer);
-    // std::nullopt is the Cancel button.
-    ScriptedPrompts& AnswerInput(std::optional<QString> answer);
+    ScriptedPrompts& AnswerMessage(PromptAnswer answer) { return Add(m_messages, answer); }
+    ScriptedPrompts& AnswerInput(Path answer) { return Add(m_inputs, answer); }
     // Open and save dialogs share one queue.
-    ScriptedPrompts& AnswerFile(std::optional<QString> answer);
-    ScriptedPrompts& AnswerFolder(std::optional<QString> answer);
+    ScriptedPrompts& AnswerFile(Path answer) { return Add(m_files, answer); }
+    ScriptedPrompts& AnswerFolder(Path answer) { return Add(m_folders, answer); }
 
     const QList<Question>& Asked() const { return m_asked; }
     // The texts of every question asked, in order.
     QStringList AskedTexts() const;
-    int Unanswered() const;
 
     PromptAnswer Message(const QString& text, PromptButtons buttons = PromptButtons::Ok,
                          PromptIcon icon = PromptIcon::None,
                          const QString& title = QString()) override;
-    std::optional<QString> Input(const QString& prompt, const QString& title = QString(),
-                                 const QString& proposed = QString()) override;
-    std::optional<QString> OpenFile(const QString& title, const QString& filter,
-                                    const QString& folder = QString()) override;
-    std::optional<QString> SaveFile(const QString& title, const QString& filter,
-                                    const QString& proposed = QString()) override;
-    std::optional<QString> BrowseForFolder(const QString& prompt) override;
+    Path Input(const QString& prompt, const QString& title = QString(),
+               const QString& proposed = QString()) override {
+        return Next(m_inputs, {Kind::Input, prompt, title, {}, proposed});
+    }
+    Path OpenFile(const QString& title, const QString& filter,
+                  const QString& folder = QString()) override {
+        return Next(m_files, {Kind::OpenFile, title, title, filter, folder});
+    }
+    Path SaveFile(const QString& title, const QString& filter,
+                  const QString& proposed = QString()) override {
+        return Next(m_files, {Kind::SaveFile, title, title, filter, proposed});
+    }
+    Path BrowseForFolder(const QString& prompt) override {
+        return Next(m_folders, {Kind::Folder, prompt, {}, {}, {}});
+    }
 
 private:
-    std::optional<QString> NextPath(QQueue<std::optional<QString>>& queue, const QString& what);
+    template <typename T> ScriptedPrompts& Add(QQueue<T>& queue, T answer) {
+        queue.enqueue(std::move(answer));
+        return *this;
+    }
+    // Records the question and hands out the next answer of its queue.
+    template <typename T> T Next(QQueue<T>& queue, const Question& question);
 
     QQueue<PromptAnswer> m_messages;
-    QQueue<std::optional<QString>> m_inputs;
-    QQueue<std::optional<QString>> m_files;
-    QQueue<std::optional<QString>> m_folders;
+    QQueue<Path> m_inputs, m_files, m_folders;
     QList<Question> m_asked;
 };

@@ -10,111 +10,57 @@
 
 namespace {
 
-class GroupManagerTest : public LumbraTest {
-protected:
-    GroupManagerTest() { EnableLog(); }
+using GroupManagerTest = LumbraTest;
 
-    void Open(const QStringList& groups) {
-        for (qsizetype i = 0; i < groups.size(); ++i)
-            m_state.Groups.Entries[i] = groups[i];
-        m_dialog = std::make_unique<frmGroupManager>(m_state, m_prompts);
-        m_dialog->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_dialog.get()));
-    }
-    QListWidget* List() const { return m_dialog->findChild<QListWidget*>("lstGroupList"); }
-    QStringList Listed() const {
+TEST_F(GroupManagerTest, AddRemoveAndCloseWorkThroughTheButtons) {
+    EnableLog();
+    m_state.Games.Records[0].Caption = m_state.Games.Records[0].Group = "ACTION";
+    m_state.Groups.Entries = {"RPG", "action"};
+    ScriptedPrompts prompts;
+    auto dialog = std::make_unique<frmGroupManager>(m_state, prompts);
+    dialog->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(dialog.get()));
+    auto* list = dialog->findChild<QListWidget*>("lstGroupList");
+    ASSERT_NE(list, nullptr);
+    const auto click = [&dialog](const char* name) {
+        QTest::mouseClick(dialog->findChild<QPushButton*>(name), Qt::LeftButton);
+    };
+    const auto listed = [list] {
         QStringList names;
-        for (int i = 0; i < List()->count(); ++i)
-            names.append(List()->item(i)->text());
+        for (int i = 0; i < list->count(); ++i)
+            names.append(list->item(i)->text());
         return names;
-    }
-    void Click(const char* name) {
-        auto* button = m_dialog->findChild<QPushButton*>(QString::fromLatin1(name));
-        ASSERT_NE(button, nullptr) << name;
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
-    void Select(const QString& name) {
-        QListWidgetItem* item = List()->findItems(name, Qt::MatchExactly).value(0);
-        ASSERT_NE(item, nullptr);
-        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {},
-                          List()->visualItemRect(item).center());
-        ASSERT_TRUE(item->isSelected());
-    }
+    };
+    EXPECT_TRUE(dialog->isModal());
+    EXPECT_EQ(listed(), (QStringList{"RPG", "action"}));
 
-    ScriptedPrompts m_prompts;
-    std::unique_ptr<frmGroupManager> m_dialog;
-};
+    click("cmdRemove"); // nothing selected: nothing happens
+    prompts.AnswerInput("Puzzle").AnswerInput("Action").AnswerInput(std::nullopt);
+    for (int i = 0; i < 3; ++i)
+        click("cmdAdd");
+    EXPECT_EQ(listed(), (QStringList{"RPG", "action", "Puzzle"}));
+    EXPECT_EQ(prompts.AskedTexts(), QStringList(3, "Enter the new group's caption:"));
+    EXPECT_EQ(prompts.Asked().value(0).title, "Create Group");
 
-TEST_F(GroupManagerTest, LoadListsTheCustomGroupsInOrder) {
-    Open({"RPG", "Action", "Puzzle"});
-    EXPECT_TRUE(m_dialog->isModal());
-    EXPECT_EQ(Listed(), (QStringList{"RPG", "Action", "Puzzle"}));
-    EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmGroupManager ===");
-}
-
-TEST_F(GroupManagerTest, AddAsksForACaptionAndListsOnlyAcceptedGroups) {
-    Open({"action"});
-    m_prompts.AnswerInput("Puzzle").AnswerInput("Action").AnswerInput(std::nullopt);
-    Click("cmdAdd");
-    Click("cmdAdd");
-    Click("cmdAdd");
-    EXPECT_EQ(Listed(), (QStringList{"action", "Puzzle"}));
-    EXPECT_EQ(m_state.Groups.Count(), 2);
-
-    ASSERT_EQ(m_prompts.Asked().size(), 3); // input boxes only, no message box
-    for (const ScriptedPrompts::Question& asked : m_prompts.Asked()) {
-        EXPECT_EQ(asked.kind, ScriptedPrompts::Kind::Input);
-        EXPECT_EQ(asked.text, "Enter the new group's caption:");
-        EXPECT_EQ(asked.title, "Create Group");
-    }
-    EXPECT_TRUE(LogText().endsWith("\r\nAttempting to add group: Puzzle...Success."
-                                   "\r\nAttempting to add group: Action...Already Exists!"
-                                   "\r\nAttempting to add group: ...Already Exists!"));
-}
-
-TEST_F(GroupManagerTest, RemoveDropsTheGroupAndSendsItsGamesToUngrouped) {
-    const QStringList groups{"ACTION", "Puzzle", "Action", "", "Action"};
-    for (int i = 0; i < groups.size(); ++i) {
-        GameRecord& game = m_state.Games.Records[i];
-        game.Caption = groups[i].isEmpty() ? QString() : QStringLiteral("Game %1").arg(i);
-        game.Filename = QStringLiteral("game%1.smc").arg(i);
-        game.Group = groups[i];
-    }
-    Open({"RPG", "Action", "Puzzle"});
-    Select("Action");
-    Click("cmdRemove");
-    EXPECT_EQ(Listed(), (QStringList{"RPG", "Puzzle"}));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(1)).center());
+    click("cmdRemove");
+    EXPECT_EQ(listed(), (QStringList{"RPG", "Puzzle"}));
     EXPECT_EQ(m_state.Groups.Entries[1], "Puzzle");
-    const auto& games = m_state.Games.Records;
-    EXPECT_EQ(games[0].Group, FixedGroup);
-    EXPECT_EQ(games[1].Group, "Puzzle");
-    EXPECT_EQ(games[2].Group, FixedGroup);
-    EXPECT_EQ(games[4].Group, "Action") << "the walk stops at the first empty caption";
-    EXPECT_TRUE(LogText().endsWith("\r\nAttempting to remove group: Action...Success!"));
-}
+    EXPECT_EQ(m_state.Games.Records[0].Group, FixedGroup);
 
-TEST_F(GroupManagerTest, RemoveWithoutSelectionDoesNothing) {
-    Open({"RPG", "Action"});
-    Click("cmdRemove");
-    EXPECT_EQ(Listed(), (QStringList{"RPG", "Action"}));
-    EXPECT_FALSE(LogText().contains("Attempting to remove"));
-}
-
-TEST_F(GroupManagerTest, CloseExportsToTheStoreAndEndsTheModalRun) {
-    m_state.Store.Write("Group List", "05", "Stale");
-    Open({"RPG", "Action"});
-    Select("RPG");
-    Click("cmdRemove");
-    m_dialog->hide();
-    QTimer::singleShot(0, m_dialog.get(), [this] { Click("cmdClose"); });
-    EXPECT_EQ(m_dialog->exec(), QDialog::Accepted);
-
-    const auto stored = SettingsStore().ListSection("Group List");
-    ASSERT_EQ(stored.size(), 1);
-    EXPECT_EQ(stored[0], std::make_pair(QStringLiteral("00"), QStringLiteral("Action")));
-    m_dialog.reset();
-    EXPECT_TRUE(LogText().endsWith("\r\nExporting GroupList to: Registry...Done."
-                                   "\r\n\r\n=== Unloaded frmGroupManager ==="));
+    dialog->hide();
+    QTimer::singleShot(0, dialog.get(), [&click] { click("cmdClose"); });
+    EXPECT_EQ(dialog->exec(), QDialog::Accepted);
+    EXPECT_EQ(SettingsStore().Read("Group List", "01"), "Puzzle");
+    dialog.reset();
+    EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmGroupManager ==="
+                         "\r\nAttempting to add group: Puzzle...Success."
+                         "\r\nAttempting to add group: Action...Already Exists!"
+                         "\r\nAttempting to add group: ...Already Exists!"
+                         "\r\nAttempting to remove group: action...Success!"
+                         "\r\nExporting GroupList to: Registry...Done."
+                         "\r\n\r\n=== Unloaded frmGroupManager ===");
 }
 
 } // namespace
