@@ -1,6 +1,7 @@
 #include "app/AppState.h"
 #include "app/AppTitle.h"
 #include "launch/Launcher.h"
+#include "launch/TerminationRequests.h"
 #include "ui/QtPrompts.h"
 #include "ui/StartLumbra.h"
 #include "ui/frmMain.h"
@@ -23,6 +24,7 @@ int main(int argc, char** argv) {
     QObject::connect(window.get(), &frmMain::Closed, &app, &QApplication::quit);
     QObject::connect(&app, &QGuiApplication::commitDataRequest, window.get(),
                      [&window] { window->CloseFor(frmMain::AppWindows); });
+    WatchTerminationRequests([&window] { window->CloseFor(frmMain::FormTaskManager); });
     window->show();
     return QApplication::exec();
 }
