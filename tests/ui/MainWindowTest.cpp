@@ -6,7 +6,10 @@
 #include "ui/frmEventLog.h"
 #include "ui/frmMain.h"
 
+#include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QImage>
 #include <QLabel>
 #include <QListWidget>
@@ -231,7 +234,20 @@ TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
         if (item->text() == QLatin1String("ZSnes"))
             item->trigger();
     }
-    EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("title", "Tetris")].Emulator, QStringLiteral("ZSnes"));
+    const GameRecord& tetris = m_state.Games.Records[m_state.Games.FindGame("title", "Tetris")];
+    EXPECT_EQ(tetris.Emulator, QStringLiteral("ZSnes"));
+
+    // "New..." creates a profile for the game's emulator and gives it to the game.
+    QTimer::singleShot(50, [] {
+        QWidget* editor = QApplication::activeModalWidget();
+        ASSERT_NE(editor, nullptr);
+        QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "  Speedy ");
+        QTest::keyClicks(editor->findChild<QLineEdit*>("txtOptions"), "-m 2");
+        QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    Trigger("mnuProfile_New");
+    EXPECT_EQ(tetris.Profile, QStringLiteral("Speedy"));
+    EXPECT_EQ(ReadProfile(m_state.Store, QStringLiteral("ZSnes"), QStringLiteral("Speedy")), QStringLiteral("-m 2"));
 }
 
 } // namespace
