@@ -3,80 +3,62 @@
 #include "support/TestFixtures.h"
 
 #include <QFileInfo>
+#include <tuple>
 
-TEST_F(LumbraTest, SettingsFirstRunAndRoundTrip) {
-    DefineEmulators(m_state);
+TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     m_state.Options.SPC_ShowMenu = 0;
     ImportSettings(m_state, QStringLiteral("reg"), QString());
-    Settings defaults;
-    defaults.UnzipFolder = GetTempFolder().toLower();
-    EXPECT_TRUE(m_state.Options == defaults);
-    for (const EmulatorRecord& emulator : m_state.Emulators.Records)
-        EXPECT_EQ(emulator.Folder + "|" + emulator.SaveFolder + "|" + emulator.DefaultProfile,
-                  "c:\\|c:\\|");
+    Settings expected;
+    expected.UnzipFolder = GetTempFolder().toLower();
+    EXPECT_TRUE(m_state.Options == expected);
+    for (const EmulatorRecord& e : m_state.Emulators.Records)
+        EXPECT_EQ(e.Folder + "|" + e.SaveFolder + "|" + e.DefaultProfile, "c:\\|c:\\|");
 
-    Settings& o = m_state.Options;
-    for (QString* text :
-         {&o.SnapshotFolder, &o.SPCFolder, &o.ExportFolder, &o.UnzipFolder, &o.SPC_App,
-          &o.SPC_OpenWith, &o.DefaultEmulator, &o.DefaultGroup, &o.Snapshots_NoSnapPic})
-        *text = QStringLiteral("/changed/") + *text + QStringLiteral(";x");
-    for (qint16* flag : {&o.SPC_DisplayList, &o.SPC_ShowMenu, &o.SPC_UseWizard, &o.AutoSwitchGroup,
-                         &o.RomBatchFileSupport, &o.UseBaseFilenames, &o.StateClickDeletes,
-                         &o.Snapshots_AutoRenameAll, &o.Snapshots_AutoUse1st,
-                         &o.Snapshots_HideIfPicExists, &o.Snapshots_Show, &o.Snapshots_UseWizard})
-        *flag = static_cast<qint16>(*flag == 0 ? 1 : 0);
-    o.MainForm = {-100, 200, 9000, 7000, 2};
-    for (EmulatorRecord& emulator : m_state.Emulators.Records) {
-        emulator.Folder = "/emu/" + emulator.Name + "/";
-        emulator.SaveFolder = "/saves/" + emulator.Name + "/";
-        emulator.DefaultProfile = "Fast " + emulator.Name;
-    }
-    ExportSettings(m_state, QStringLiteral("REG"), QString());
-    EXPECT_EQ(m_state.Store.Read("Folders", "Snes9X"), "/emu/Snes9X/;/saves/Snes9X/;Fast Snes9X");
-    EXPECT_EQ(m_state.Store.Read("Settings", "MainForm"), "-100;200;9000;7000;2");
-
-    AppState restored;
-    DefineEmulators(restored);
-    ImportSettings(restored, QStringLiteral("Registry"), QString());
-    EXPECT_TRUE(restored.Options == m_state.Options);
-    EXPECT_TRUE(restored.Emulators.Records == m_state.Emulators.Records);
+    m_state.Store.Write("Settings", "SPC_ShowMenu", "yes");
+    m_state.Store.Write("Settings", "Snapshots_Show", "");
+    m_state.Store.Write("Settings", "MainForm", "left;20;30;40");
+    m_state.Options.SPC_ShowMenu = 0;
+    ImportSettings(m_state, QStringLiteral("reg"), QString());
+    expected.MainForm = {1860, 20, 30, 40, 0};
+    EXPECT_TRUE(m_state.Options == expected);
 }
 
-TEST_F(LumbraTest, SettingsTargetsAndLogLines) {
-    ExportSettings(m_state, QStringLiteral("reg"), QString());
-    EXPECT_EQ(LogText(), QString());
+TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
+    AppState restored;
+    DefineEmulators(restored);
+    m_state.Store.Write("Emulators", "ZSnes", "/emu/zsnes/;/emu/saves/");
+    EXPECT_EQ(m_state.Emulators.FindEmulatorIndex(""), -1); // even before the names are set
+    DefineEmulators(m_state);
+    const EmulatorRecord& zsnes = m_state.Emulators.Records[2];
+    EXPECT_EQ(m_state.Emulators.FindEmulatorIndex("zsnes"), 2);
+    EXPECT_EQ(zsnes.Folder + zsnes.SaveFolder, "/emu/zsnes//emu/saves/");
+#ifndef Q_OS_WIN
+    EXPECT_EQ(zsnes.LaunchFiles, "zsnes.pif;zsnes.lnk;zsnes.bat;zsnes.exe;zsnes;zsnes.sh");
+#endif
 
-    m_state.Store.Clear();
+    // Every field differs from its default; flags keep any integer as read.
+    const WindowPlacement placement{-100, 200, 9000, 7000, 2};
+    m_state.Options = {"/snap;x/", "/spc/",  "/export/",   "/unzip/", "app", 2,        "open", 3,
+                       4,          "Snes9X", "RPG;x",      5,         6,     7,        8,      9,
+                       10,         11,       "nosnap.png", 12,        13,    placement};
+    for (EmulatorRecord& e : m_state.Emulators.Records)
+        std::tie(e.Folder, e.SaveFolder, e.DefaultProfile) =
+            std::tuple("/emu/" + e.Name + "/", "/saves/" + e.Name + "/", "Fast " + e.Name);
+
+    // The file target only logs; an unknown target does nothing.
     EnableLog();
     const QString file = TempPath(QStringLiteral("settings.ini"));
     ExportSettings(m_state, QStringLiteral("file"), file);
     ImportSettings(m_state, QStringLiteral("Ini"), file);
     ExportSettings(m_state, QStringLiteral("xml"), file);
     EXPECT_FALSE(QFileInfo::exists(file));
-    EXPECT_TRUE(m_state.Store.Sections().isEmpty());
-    ExportSettings(m_state, QStringLiteral("reg"), QString());
-    ImportSettings(m_state, QStringLiteral("reg"), QString());
+    EXPECT_EQ(m_state.Store.Sections(), QStringList{"Emulators"});
     EXPECT_EQ(LogText(), "\r\nExporting Settings to file: " + file +
-                             "\r\nImporting Settings from file: " + file +
-                             "\r\nExporting Settings to: Registry...Done."
-                             "\r\nImporting Settings from: Registry...Done.");
-}
+                             "\r\nImporting Settings from file: " + file);
 
-TEST_F(LumbraTest, SettingsBadNumbersKeepDefaultsAndMainFormFields) {
-    for (const auto& [key, value] : {std::pair{"SPC_ShowMenu", "yes"},
-                                     {"SPC_DisplayList", "7"},
-                                     {"Snapshots_Show", ""},
-                                     {"DefaultGroup", "RPG"},
-                                     {"MainForm", "left;20;30;40;2"}})
-        m_state.Store.Write("Settings", key, value);
-    ImportSettings(m_state, QStringLiteral("reg"), QString());
-    const Settings& o = m_state.Options;
-    EXPECT_EQ(QList<int>({o.SPC_ShowMenu, o.SPC_DisplayList, o.Snapshots_Show}),
-              QList<int>({1, 7, 1}));
-    EXPECT_EQ(o.DefaultGroup, QStringLiteral("RPG"));
-    EXPECT_TRUE(o.MainForm == (WindowPlacement{1860, 20, 30, 40, 2}));
-
-    m_state.Store.Write("Settings", "MainForm", "10;20;30;40");
-    ImportSettings(m_state, QStringLiteral("reg"), QString());
-    EXPECT_TRUE(o.MainForm == (WindowPlacement{10, 20, 30, 40, 0}));
+    ExportSettings(m_state, QStringLiteral("REG"), QString());
+    EXPECT_EQ(m_state.Store.Read("Folders", "Snes9X"), "/emu/Snes9X/;/saves/Snes9X/;Fast Snes9X");
+    ImportSettings(restored, QStringLiteral("Registry"), QString());
+    EXPECT_TRUE(restored.Options == m_state.Options);
+    EXPECT_TRUE(restored.Emulators.Records == m_state.Emulators.Records);
 }
