@@ -1,3 +1,4 @@
+#include "app/Startup.h"
 #include "config/Profiles.h"
 #include "launch/Launcher.h"
 #include "support/ScriptedPrompts.h"
@@ -8,12 +9,12 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -24,24 +25,21 @@ class MainWindowTest : public LumbraTest {
 protected:
     ~MainWindowTest() override { delete frmEventLog::Instance(); }
 
-    // Three games in a folder, two groups, one game removed, stored as a last run left them.
-    void SeedStore(const QString& defaultGroup = QStringLiteral("Ungrouped")) {
-        const QString folder = MakeFolder(QStringLiteral("SNES Games"));
-        for (const char* name : {"Zelda.SMC", "Mario.sfc", "Gone.smc", "Tetris.smc"})
-            WriteFile(QStringLiteral("SNES Games/") + QString::fromLatin1(name), "x");
+    // Four games in a folder, two groups, one game removed, stored as a last run left them.
+    void SeedStore(const QString& defaultGroup = "Ungrouped") {
+        const QString folder = MakeFolder("SNES Games") + '/';
         AppState seed;
-        seed.GameFolders.AddGameFolder(folder + QLatin1Char('/'));
-        seed.Groups.AddGroup(QStringLiteral("RPG"));
-        seed.Groups.AddGroup(QStringLiteral("Action"));
+        seed.GameFolders.AddGameFolder(folder);
+        seed.Groups.AddGroup("RPG");
+        seed.Groups.AddGroup("Action");
         seed.Options.DefaultGroup = defaultGroup;
-        ExportGameFolders(seed, QStringLiteral("reg"), QString());
-        ExportGroupList(seed, QStringLiteral("reg"), QString());
-        ExportSettings(seed, QStringLiteral("reg"), QString());
-        const QString section = QStringLiteral("Game List\\") + folder.toLower() + QLatin1Char('/');
-        seed.Store.Write(section, QStringLiteral("zelda.smc"), QStringLiteral("Zelda;RPG;Default;Default"));
-        seed.Store.Write(section, QStringLiteral("mario.sfc"), QStringLiteral("Mario;Action;Default;Default"));
-        seed.Store.Write(section, QStringLiteral("gone.smc"), QStringLiteral("/invisible;RPG;Default;Default"));
-        seed.Store.Write(section, QStringLiteral("tetris.smc"), QStringLiteral("Tetris;RPG;Snes9X;fast"));
+        SaveEverything(seed);
+        const QStringList games{"Zelda.SMC", "Zelda;RPG", "Mario.sfc", "Mario;Action",
+                                "Gone.smc",  "/invisible;RPG", "Tetris.smc", "Tetris;RPG;Snes9X;fast"};
+        for (int i = 0; i < games.size(); i += 2) {
+            WriteFile("SNES Games/" + games[i], "x");
+            seed.Store.Write("Game List\\" + folder.toLower(), games[i].toLower(), games[i + 1]);
+        }
         seed.Store.Sync();
     }
 
@@ -70,9 +68,7 @@ protected:
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
     }
     void Trigger(const char* actionName) { Control<QAction>(actionName)->trigger(); }
-    bool StoreHasSettings() const {
-        return SettingsStore().Contains(QStringLiteral("Settings"), QStringLiteral("DefaultGroup"));
-    }
+    bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
 
     ScriptedPrompts m_prompts;
     PendingLauncher m_launcher;
@@ -80,27 +76,28 @@ protected:
 };
 
 TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
-    SeedStore(QStringLiteral("No Such Group"));
-    Start({QStringLiteral("/DEBUG")});
+    SeedStore("No Such Group");
+    Start({"/DEBUG"});
     EXPECT_TRUE(LogText().startsWith(QStringLiteral(
         "\r\n\r\n=== Loaded frmEventLog ===\r\nEmulator Defined: Nlke\r\nEmulator Defined: Snes9X"
         "\r\nEmulator Defined: ZSnes\r\nImporting Settings from: Registry...Done."
         "\r\nImporting Game Folders from: Registry...Done.\r\n\r\n=== Loaded frmMain ==="
-        "\r\nImporting GroupList from: Registry...Done.\r\nAdding groups to frmMain.cboGroupList...Done."
+        "\r\nImporting GroupList from: Registry...Done.\r\nAdding groups to "
+        "frmMain.cboGroupList...Done."
         "(Loaded frmLoadGameList)...\r\nGameList array cleared.\r\nImporting files from: ")))
         << LogText().toStdString();
-    EXPECT_TRUE(LogText().contains(QStringLiteral(
-        "Duplicates Found? False\r\n\r\n=== Unloaded frmLoadGameList ===\r\n"
-        "Adding games to list for group: Ungrouped...Done.")));
+    EXPECT_TRUE(LogText().contains(
+        QStringLiteral("Duplicates Found? False\r\n\r\n=== Unloaded frmLoadGameList ===\r\n"
+                       "Adding games to list for group: Ungrouped...Done.")));
     EXPECT_TRUE(Control<QMenu>("mnuDevMenu")->menuAction()->isVisible());
-    EXPECT_EQ(Control<QComboBox>("cboGroupList")->currentText(), QStringLiteral("Ungrouped"));
+    EXPECT_EQ(Control<QComboBox>("cboGroupList")->currentText(), "Ungrouped");
     EXPECT_EQ(Listed(), QStringList());
 
-    ChooseGroup(QStringLiteral("RPG"));
+    ChooseGroup("RPG");
     EXPECT_EQ(Listed(), (QStringList{"Tetris", "Zelda"})); // the removed game stays hidden
-    const qsizetype fills = LogText().count(QStringLiteral("Adding games to list for group"));
-    ChooseGroup(QStringLiteral("RPG"));
-    EXPECT_EQ(LogText().count(QStringLiteral("Adding games to list for group")), fills);
+    const qsizetype fills = LogText().count("Adding games to list for group");
+    ChooseGroup("RPG");
+    EXPECT_EQ(LogText().count("Adding games to list for group"), fills);
 
     // Enter and a double click launch the selected game.
     auto* list = Control<QListWidget>("lstGameList");
@@ -109,14 +106,14 @@ TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
     const QPoint first = list->visualItemRect(list->item(0)).center();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
-    EXPECT_EQ(m_launcher.Requests,
-              (QList<int>{m_state.Games.FindGame("title", "Zelda"), m_state.Games.FindGame("title", "Tetris")}));
+    EXPECT_EQ(m_launcher.Requests, (QList<int>{m_state.Games.FindGame("title", "Zelda"),
+                                               m_state.Games.FindGame("title", "Tetris")}));
 }
 
 TEST_F(MainWindowTest, DebugCloseAsksAndCancelKeepsEverythingRunningUnsaved) {
     SeedStore();
     m_state.Store.Clear();
-    Start({QStringLiteral("/debug")});
+    Start({"/debug"});
     QSignalSpy closed(m_window.get(), &frmMain::Closed);
 
     m_prompts.AnswerMessage(PromptAnswer::Cancel);
@@ -131,13 +128,12 @@ TEST_F(MainWindowTest, DebugCloseAsksAndCancelKeepsEverythingRunningUnsaved) {
     Trigger("mnuOptions_Exit");
     EXPECT_EQ(closed.count(), 1);
     EXPECT_TRUE(StoreHasSettings());
-    EXPECT_EQ(m_prompts.AskedTexts(),
-              QStringList(2, QStringLiteral("View the Event Log before Ending?")));
+    EXPECT_EQ(m_prompts.AskedTexts(), QStringList(2, "View the Event Log before Ending?"));
     EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNoCancel);
 }
 
 TEST_F(MainWindowTest, YesShowsTheLogWithTheCloseReasonAndNoJustSaves) {
-    Start({QStringLiteral("/debug")});
+    Start({"/debug"});
     m_prompts.AnswerMessage(PromptAnswer::Yes);
     QString logAtEnd;
     QTimer::singleShot(50, [&logAtEnd] {
@@ -147,8 +143,10 @@ TEST_F(MainWindowTest, YesShowsTheLogWithTheCloseReasonAndNoJustSaves) {
     m_window->close();
     EXPECT_TRUE(logAtEnd.contains(QStringLiteral(
         "\r\n\r\n=== Preparing to unload Lumbra===\r\nExporting Settings to: Registry...Done."
-        "\r\nExporting Game Folder list to: Registry...Done.\r\nExporting GroupList to: Registry...Done."
-        "\r\nExporting GameList to: Registry...Done.\r\n\r\nWaiting to End Lumbra (Unload Mode 0)")))
+        "\r\nExporting Game Folder list to: Registry...Done.\r\nExporting GroupList to: "
+        "Registry...Done."
+        "\r\nExporting GameList to: Registry...Done.\r\n\r\nWaiting to End Lumbra (Unload Mode "
+        "0)")))
         << logAtEnd.toStdString();
 
     EventLog::Reset();
@@ -164,18 +162,19 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
     SeedStore();
     m_state.Options.Snapshots_Show = 1;
     Start();
-    m_state.Options.SnapshotFolder = MakeFolder(QStringLiteral("Shots"));
+    m_state.Options.SnapshotFolder = MakeFolder("Shots");
     QImage shot(32, 28, QImage::Format_RGB32);
     shot.fill(Qt::red);
-    ASSERT_TRUE(shot.save(TempPath(QStringLiteral("Shots/zelda.bmp"))));
-    ChooseGroup(QStringLiteral("RPG"));
+    ASSERT_TRUE(shot.save(TempPath("Shots/zelda.bmp")));
+    ChooseGroup("RPG");
 
     auto* picture = Control<QLabel>("picSnapshot");
     auto* list = Control<QListWidget>("lstGameList");
     const int inner = m_window->centralWidget()->width();
     EXPECT_TRUE(picture->isVisible());
     EXPECT_EQ(picture->x(), inner - picture->width() - 5);
-    EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, m_window->centralWidget()->height() - 38));
+    EXPECT_EQ(list->geometry(),
+              QRect(5, 33, picture->x() - 10, m_window->centralWidget()->height() - 38));
     EXPECT_TRUE(picture->pixmap().isNull()); // Tetris has no snapshot
     QTest::keyClick(list, Qt::Key_Down);
     EXPECT_FALSE(picture->pixmap().isNull());
@@ -190,10 +189,9 @@ TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
     Start();
     m_window->setGeometry(60, 75, 600, 450);
     m_window->close();
-    EXPECT_EQ(SettingsStore().Read(QStringLiteral("Settings"), QStringLiteral("MainForm")),
-              QStringLiteral("900;1125;9000;6750;0"));
+    EXPECT_EQ(SettingsStore().Read("Settings", "MainForm"), "900;1125;9000;6750;0");
 
-    const QStringList endings{QStringLiteral("2"), QStringLiteral("0")};
+    const QStringList endings{"2", "0"};
     for (const QString& state : endings) {
         m_window.reset();
         m_state.Options = Settings();
@@ -206,27 +204,27 @@ TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
             m_window->showNormal();
         QTest::qWait(20);
         m_window->close();
-        EXPECT_EQ(SettingsStore().Read(QStringLiteral("Settings"), QStringLiteral("MainForm")),
-                  QStringLiteral("900;1125;9000;6750;") + state);
+        EXPECT_EQ(SettingsStore().Read("Settings", "MainForm"), "900;1125;9000;6750;" + state);
     }
 }
 
 TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
     SeedStore();
     for (const char* profile : {"fast", "Basic", "clean"})
-        WriteProfile(m_state.Store, QStringLiteral("Snes9X"), QString::fromLatin1(profile), QStringLiteral("-x"));
+        WriteProfile(m_state.Store, "Snes9X", QString::fromLatin1(profile), "-x");
     Start();
-    ChooseGroup(QStringLiteral("RPG"));
+    ChooseGroup("RPG");
     auto* list = Control<QListWidget>("lstGameList");
     auto* menu = Control<QMenu>("mnuRomMenu");
-    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, list->visualItemRect(list->item(0)).center());
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {},
+                      list->visualItemRect(list->item(0)).center());
     ASSERT_TRUE(menu->isVisible());
     menu->hide();
 
     QStringList profiles;
     for (QAction* item : Control<QMenu>("mnuRomMenu_Profile")->actions()) {
         if (item->objectName() == QLatin1String("mnuProfile_Item"))
-            profiles << item->text() + (item->isChecked() ? QStringLiteral("*") : QString());
+            profiles << item->text() + (item->isChecked() ? "*" : QString());
     }
     EXPECT_EQ(profiles, (QStringList{"Basic", "clean", "fast*"}));
 
@@ -235,7 +233,7 @@ TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
             item->trigger();
     }
     const GameRecord& tetris = m_state.Games.Records[m_state.Games.FindGame("title", "Tetris")];
-    EXPECT_EQ(tetris.Emulator, QStringLiteral("ZSnes"));
+    EXPECT_EQ(tetris.Emulator, "ZSnes");
 
     // "New..." creates a profile for the game's emulator and gives it to the game.
     QTimer::singleShot(50, [] {
@@ -246,8 +244,8 @@ TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
         QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
     });
     Trigger("mnuProfile_New");
-    EXPECT_EQ(tetris.Profile, QStringLiteral("Speedy"));
-    EXPECT_EQ(ReadProfile(m_state.Store, QStringLiteral("ZSnes"), QStringLiteral("Speedy")), QStringLiteral("-m 2"));
+    EXPECT_EQ(tetris.Profile, "Speedy");
+    EXPECT_EQ(ReadProfile(m_state.Store, "ZSnes", "Speedy"), "-m 2");
 }
 
 } // namespace
