@@ -26,7 +26,8 @@ constexpr int HeaderStart = 0x81C0; // LoROM behind a 512-byte copier header
 
 QByteArray Image(int number) {
     QByteArray image(HeaderStart + 0x40, '\0');
-    const QByteArray title = QStringLiteral("BENCH GAME %1").arg(number % 700).toLatin1().leftJustified(21, ' ');
+    const QByteArray title =
+        QStringLiteral("BENCH GAME %1").arg(number % 700).toLatin1().leftJustified(21, ' ');
     image.replace(HeaderStart, 21, title);
     const quint16 checksum = static_cast<quint16>(number * 37);
     const quint16 complement = checksum ^ 0xFFFF;
@@ -46,7 +47,8 @@ int Prepare(const QString& root) {
         QDir().mkpath(FolderPath(root, folder));
         for (int game = 0; game < GamesPerFolder; ++game) {
             const int number = folder * GamesPerFolder + game;
-            QFile file(FolderPath(root, folder) + QStringLiteral("Game %1.SMC").arg(number, 4, 10, QLatin1Char('0')));
+            QFile file(FolderPath(root, folder) +
+                       QStringLiteral("Game %1.SMC").arg(number, 4, 10, QLatin1Char('0')));
             if (!file.open(QIODevice::WriteOnly) || file.write(Image(number)) < 0)
                 return 1;
         }

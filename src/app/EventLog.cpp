@@ -17,16 +17,22 @@ std::function<void()> g_opener;
 
 } // namespace
 
-void EventLog::SetViewOpener(std::function<void()> opener) { g_opener = std::move(opener); }
+void EventLog::SetViewOpener(std::function<void()> opener) {
+    g_opener = std::move(opener);
+}
 
-void EventLog::Attach(EventLogView* view) { g_view = view; }
+void EventLog::Attach(EventLogView* view) {
+    g_view = view;
+}
 
 void EventLog::Detach(EventLogView* view) {
     if (g_view == view)
         g_view = nullptr;
 }
 
-EventLogView* EventLog::View() { return g_view; }
+EventLogView* EventLog::View() {
+    return g_view;
+}
 
 void EventLog::OpenView() {
     if (g_view)
@@ -47,7 +53,9 @@ void EventLog::Append(const QString& message, bool noNewLine) {
     g_view->SetText(text + message);
 }
 
-QString EventLog::Text() { return g_view ? g_view->Text() : QString(); }
+QString EventLog::Text() {
+    return g_view ? g_view->Text() : QString();
+}
 
 void EventLog::Reset() {
     s_debugMode = false;
@@ -65,6 +73,6 @@ void LogWindowUnloaded(const QString& windowName) {
 }
 
 void LogError(int errorNumber, const QString& procedureName) {
-    LogEvent(QStringLiteral("Error #") + QString::number(errorNumber) + QStringLiteral(" accured in ") +
-             procedureName);
+    LogEvent(QStringLiteral("Error #") + QString::number(errorNumber) +
+             QStringLiteral(" accured in ") + procedureName);
 }

@@ -40,8 +40,7 @@ private:
 
 // Appends a line (or, with noNewLine, continues the current one). The message
 // is only turned into a string in debug mode, so a disabled log costs nothing.
-template <typename Message>
-inline void LogEvent(const Message& message, bool noNewLine = false) {
+template <typename Message> inline void LogEvent(const Message& message, bool noNewLine = false) {
     if (!EventLog::DebugMode())
         return;
     EventLog::Append(QString(message), noNewLine);

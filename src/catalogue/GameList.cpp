@@ -49,7 +49,8 @@ void GameList::TagDuplicates() {
         int copy = 2;
         for (int j = i + 1; j <= last; ++j) {
             if (lowered[j] == caption) {
-                Records[j].Caption += QStringLiteral(" (") + QString::number(copy) + QLatin1Char(')');
+                Records[j].Caption +=
+                    QStringLiteral(" (") + QString::number(copy) + QLatin1Char(')');
                 lowered[j] = Records[j].Caption.toLower();
                 ++copy;
                 found = true;

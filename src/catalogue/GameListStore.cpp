@@ -81,9 +81,10 @@ void ExportToFile(AppState& state, const QString& fileName) {
         if (folder.Path.isEmpty())
             break;
         folder.Path = AddBackslash(folder.Path);
-        text += QStringLiteral("\r\n") + rule + QStringLiteral("\r\n") + QStringLiteral("Folder:    ") +
-                folder.Path + QStringLiteral("\r\n") + QStringLiteral("ROM Count:  ") +
-                QString::number(folder.RomCount) + QStringLiteral(" \r\n\r\n");
+        text += QStringLiteral("\r\n") + rule + QStringLiteral("\r\n") +
+                QStringLiteral("Folder:    ") + folder.Path + QStringLiteral("\r\n") +
+                QStringLiteral("ROM Count:  ") + QString::number(folder.RomCount) +
+                QStringLiteral(" \r\n\r\n");
         int number = 1;
         for (GameRecord& record : state.Games.Records) {
             if (record.Filename.isEmpty())
@@ -112,7 +113,8 @@ void ImportGameList(AppState& state, const QString& target, const QString& fileN
         break;
     case StorageTarget::File:
         // The file form is announced only; the list stays as it is.
-        LogEvent(QStringLiteral("Importing GameList from file: ") + fileName + QStringLiteral("..."));
+        LogEvent(QStringLiteral("Importing GameList from file: ") + fileName +
+                 QStringLiteral("..."));
         break;
     case StorageTarget::None:
         break;

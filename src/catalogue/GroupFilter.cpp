@@ -8,7 +8,8 @@ QStringList GroupCaptions(const GameList& games, const QString& group) {
     for (const GameRecord& record : games.Records) {
         if (record.Filename.isEmpty())
             break;
-        if (record.Group.compare(group, Qt::CaseInsensitive) == 0 && record.Caption != RemovedCaption)
+        if (record.Group.compare(group, Qt::CaseInsensitive) == 0 &&
+            record.Caption != RemovedCaption)
             captions.append(record.Caption);
     }
     return captions;

@@ -2,8 +2,8 @@
 
 #include "app/AppState.h"
 #include "app/Progress.h"
-#include "app/StringHelpers.h"
 #include "app/Startup.h"
+#include "app/StringHelpers.h"
 #include "catalogue/GroupFilter.h"
 #include "cli/CliLog.h"
 #include "cli/JsonLine.h"
@@ -24,7 +24,9 @@ int UsageError(CliContext& context, const QString& message) {
 }
 
 // Takes a flag out of the arguments; true when it was there.
-bool TakeFlag(QStringList& arguments, const QString& flag) { return arguments.removeAll(flag) > 0; }
+bool TakeFlag(QStringList& arguments, const QString& flag) {
+    return arguments.removeAll(flag) > 0;
+}
 
 // Takes "--option VALUE" out of the arguments; false when the value is missing.
 bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
@@ -50,20 +52,20 @@ QList<std::pair<QString, QString>> HeaderFields(const QString& file, AppState& s
     clsRomInfo info;
     info.ReadROM(file);
     PathResolver resolver;
-    return {{QStringLiteral("file"), file},
-            {QStringLiteral("InternalTitle"), info.GameData(InternalTitle)},
-            {QStringLiteral("RomSpeed"), info.GameData(RomSpeed)},
-            {QStringLiteral("BankSize"), info.GameData(BankSize)},
-            {QStringLiteral("RomType"), info.GameData(RomType)},
-            {QStringLiteral("RomSize"), info.GameData(RomSize)},
-            {QStringLiteral("SramSize"), info.GameData(SramSize)},
-            {QStringLiteral("Country"), info.GameData(Country)},
-            {QStringLiteral("License"), info.GameData(License)},
-            {QStringLiteral("GameVersion"), info.GameData(GameVersion)},
-            {QStringLiteral("InverseChecksum"), info.GameData(InverseChecksum)},
-            {QStringLiteral("Checksum"), info.GameData(Checksum)},
-            {QStringLiteral("Caption"),
-             GetRomCaption(file, state.Options.UseBaseFilenames, resolver)}};
+    return {
+        {QStringLiteral("file"), file},
+        {QStringLiteral("InternalTitle"), info.GameData(InternalTitle)},
+        {QStringLiteral("RomSpeed"), info.GameData(RomSpeed)},
+        {QStringLiteral("BankSize"), info.GameData(BankSize)},
+        {QStringLiteral("RomType"), info.GameData(RomType)},
+        {QStringLiteral("RomSize"), info.GameData(RomSize)},
+        {QStringLiteral("SramSize"), info.GameData(SramSize)},
+        {QStringLiteral("Country"), info.GameData(Country)},
+        {QStringLiteral("License"), info.GameData(License)},
+        {QStringLiteral("GameVersion"), info.GameData(GameVersion)},
+        {QStringLiteral("InverseChecksum"), info.GameData(InverseChecksum)},
+        {QStringLiteral("Checksum"), info.GameData(Checksum)},
+        {QStringLiteral("Caption"), GetRomCaption(file, state.Options.UseBaseFilenames, resolver)}};
 }
 
 // The labels of the game information dialog, padded so that the values line up.
@@ -199,8 +201,10 @@ int RunFolders(CliContext& context, const QStringList& arguments) {
         }
         return ExitOk;
     }
-    if ((action != QLatin1String("add") && action != QLatin1String("remove")) || arguments.size() != 2)
-        return UsageError(context, QStringLiteral("usage: folders add|remove PATH, or folders list"));
+    if ((action != QLatin1String("add") && action != QLatin1String("remove")) ||
+        arguments.size() != 2)
+        return UsageError(context,
+                          QStringLiteral("usage: folders add|remove PATH, or folders list"));
 
     ImportGameFolders(state, Store, QString());
     bool changed = false;
@@ -237,7 +241,8 @@ int RunGroups(CliContext& context, const QStringList& arguments) {
         }
         return ExitOk;
     }
-    if ((action != QLatin1String("add") && action != QLatin1String("remove")) || arguments.size() != 2)
+    if ((action != QLatin1String("add") && action != QLatin1String("remove")) ||
+        arguments.size() != 2)
         return UsageError(context, QStringLiteral("usage: groups add|remove NAME, or groups list"));
     const bool changed = action == QLatin1String("add") ? state.Groups.AddGroup(arguments.at(1))
                                                         : state.Groups.RemoveGroup(arguments.at(1));

@@ -22,4 +22,6 @@ void CliLog::SetText(const QString& text) {
     m_text = text;
 }
 
-QString CliLog::LastLine() const { return m_text.mid(m_text.lastIndexOf(QStringLiteral("\r\n")) + 2); }
+QString CliLog::LastLine() const {
+    return m_text.mid(m_text.lastIndexOf(QStringLiteral("\r\n")) + 2);
+}

@@ -46,7 +46,9 @@ void SettingsStore::Write(const QString& section, const QString& key, const QStr
     m_settings->setValue(FullKey(section, key), value);
 }
 
-void SettingsStore::DeleteSection(const QString& section) { m_settings->remove(Encode(section)); }
+void SettingsStore::DeleteSection(const QString& section) {
+    m_settings->remove(Encode(section));
+}
 
 QList<std::pair<QString, QString>> SettingsStore::ListSection(const QString& section) const {
     QList<std::pair<QString, QString>> pairs;
@@ -65,11 +67,15 @@ QStringList SettingsStore::Sections() const {
     return sections;
 }
 
-void SettingsStore::Sync() { m_settings->sync(); }
+void SettingsStore::Sync() {
+    m_settings->sync();
+}
 
 void SettingsStore::Clear() {
     m_settings->clear();
     m_settings->sync();
 }
 
-QString SettingsStore::FilePath() const { return m_settings->fileName(); }
+QString SettingsStore::FilePath() const {
+    return m_settings->fileName();
+}

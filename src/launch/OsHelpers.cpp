@@ -35,7 +35,9 @@ QString ShortLinkRoot() {
 
 } // namespace
 
-QString GetTempFolder() { return AddBackslash(QDir::toNativeSeparators(QDir::tempPath())); }
+QString GetTempFolder() {
+    return AddBackslash(QDir::toNativeSeparators(QDir::tempPath()));
+}
 
 QString GetShortPath(const QString& path) {
     QString resolved = ResolvePath(path);

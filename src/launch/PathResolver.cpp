@@ -21,10 +21,10 @@ const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
     auto it = m_listings.find(folder);
     if (it == m_listings.end()) {
         Listing listing;
-        const QStringList entries = QDir(folder.isEmpty() ? QStringLiteral(".") : folder)
-                                        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System |
-                                                       QDir::NoDotAndDotDot,
-                                                   QDir::Name);
+        const QStringList entries =
+            QDir(folder.isEmpty() ? QStringLiteral(".") : folder)
+                .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                           QDir::Name);
         for (const QString& entry : entries) {
             listing.Names.insert(entry);
             QString& first = listing.ByLowerName[entry.toLower()];
@@ -97,4 +97,6 @@ bool PathResolver::IsFile(const QString& path) {
     return !resolved.isEmpty() && QFileInfo(resolved).isFile();
 }
 
-QString ResolvePath(const QString& path) { return PathResolver().Resolve(path); }
+QString ResolvePath(const QString& path) {
+    return PathResolver().Resolve(path);
+}

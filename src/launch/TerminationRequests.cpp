@@ -23,8 +23,8 @@ void OnSignal(int) {
 void WatchTerminationRequests(std::function<void()> onRequest) {
     if (g_signalPipe[0] >= 0 || socketpair(AF_UNIX, SOCK_STREAM, 0, g_signalPipe) != 0)
         return;
-    auto* notifier = new QSocketNotifier(g_signalPipe[1], QSocketNotifier::Read,
-                                         QCoreApplication::instance());
+    auto* notifier =
+        new QSocketNotifier(g_signalPipe[1], QSocketNotifier::Read, QCoreApplication::instance());
     QObject::connect(notifier, &QSocketNotifier::activated, notifier,
                      [onRequest = std::move(onRequest)] {
                          char byte = 0;

@@ -27,9 +27,11 @@ RomMenu::RomMenu(AppState& state, QWidget* owner) : QObject(owner), m_state(stat
     m_mnuProfile = m_mnuRomMenu->addMenu(QStringLiteral("&Profile..."));
     m_mnuProfile->setObjectName(QStringLiteral("mnuRomMenu_Profile"));
     m_mnuProfileBar = m_mnuProfile->addSeparator();
-    m_mnuProfile->addAction(QStringLiteral("&Default"))->setObjectName(QStringLiteral("mnuProfile_Default"));
+    m_mnuProfile->addAction(QStringLiteral("&Default"))
+        ->setObjectName(QStringLiteral("mnuProfile_Default"));
     m_mnuProfile->addSeparator();
-    m_mnuProfile->addAction(QStringLiteral("&Edit..."))->setObjectName(QStringLiteral("mnuProfile_Edit"));
+    m_mnuProfile->addAction(QStringLiteral("&Edit..."))
+        ->setObjectName(QStringLiteral("mnuProfile_Edit"));
     QAction* mnuNew = m_mnuProfile->addAction(QStringLiteral("&New..."));
     mnuNew->setObjectName(QStringLiteral("mnuProfile_New"));
     connect(mnuNew, &QAction::triggered, this, &RomMenu::mnuProfile_New_Click);
@@ -42,7 +44,8 @@ void RomMenu::AddPlaceholderEntries() {
     saveStates->setObjectName(QStringLiteral("mnuRomMenu_SaveStates"));
     for (const EmulatorRecord& emulator : m_state.Emulators.Records) {
         QMenu* perEmulator = saveStates->addMenu(QStringLiteral("&") + emulator.Name);
-        AddDisabled(perEmulator, QStringLiteral("No SRAM File"), QStringLiteral("mnuSaveStates_Sram"));
+        AddDisabled(perEmulator, QStringLiteral("No SRAM File"),
+                    QStringLiteral("mnuSaveStates_Sram"));
     }
     saveStates->setEnabled(false);
 
@@ -50,7 +53,8 @@ void RomMenu::AddPlaceholderEntries() {
     sendToGroup->setObjectName(QStringLiteral("mnuRomMenu_SendToGroup"));
     AddDisabled(sendToGroup, FixedGroup, QStringLiteral("mnuSendToGroup_FixedGroup"));
     sendToGroup->addSeparator();
-    AddDisabled(sendToGroup, QStringLiteral("&New Group..."), QStringLiteral("mnuSendToGroup_NewGroup"));
+    AddDisabled(sendToGroup, QStringLiteral("&New Group..."),
+                QStringLiteral("mnuSendToGroup_NewGroup"));
     sendToGroup->setEnabled(false);
 
     QMenu* snapshot = m_mnuRomMenu->addMenu(QStringLiteral("&Snapshot..."));
@@ -64,7 +68,8 @@ void RomMenu::AddPlaceholderEntries() {
     AddDisabled(m_mnuRomMenu, QStringLiteral("Remo&ve"), QStringLiteral("mnuRomMenu_Remove"));
     AddDisabled(m_mnuRomMenu, QStringLiteral("Re&name"), QStringLiteral("mnuRomMenu_Rename"));
     m_mnuRomMenu->addSeparator();
-    AddDisabled(m_mnuRomMenu, QStringLiteral("Game &Info..."), QStringLiteral("mnuRomMenu_GameInfo"));
+    AddDisabled(m_mnuRomMenu, QStringLiteral("Game &Info..."),
+                QStringLiteral("mnuRomMenu_GameInfo"));
 }
 
 void RomMenu::Prepare(int gameIndex) {
@@ -87,7 +92,8 @@ void RomMenu::PrepareLaunchUsing() {
     }
     const QString& emulator = m_state.Games.Records[m_gameIndex].Emulator;
     for (QAction* item : m_mnuLaunchUsing->actions())
-        item->setChecked(!item->isSeparator() && item->text().compare(emulator, Qt::CaseInsensitive) == 0);
+        item->setChecked(!item->isSeparator() &&
+                         item->text().compare(emulator, Qt::CaseInsensitive) == 0);
 }
 
 void RomMenu::PrepareProfiles() {
@@ -98,7 +104,8 @@ void RomMenu::PrepareProfiles() {
         item->setObjectName(QStringLiteral("mnuProfile_Item"));
         item->setCheckable(true);
         const int itemIndex = static_cast<int>(m_profileItems.size());
-        connect(item, &QAction::triggered, this, [this, itemIndex] { mnuProfile_Click(itemIndex); });
+        connect(item, &QAction::triggered, this,
+                [this, itemIndex] { mnuProfile_Click(itemIndex); });
         m_mnuProfile->insertAction(m_mnuProfileBar, item);
         m_profileItems.append(item);
     }

@@ -83,13 +83,16 @@ void frmMain::CreateControls() {
 void frmMain::CreateMenus() {
     QMenu* options = menuBar()->addMenu(QStringLiteral("&Options"));
     options->setObjectName(QStringLiteral("mnuOptions"));
-    connect(AddAction(options, QStringLiteral("&Group Manager"), QStringLiteral("mnuOptions_GroupManager")),
+    connect(AddAction(options, QStringLiteral("&Group Manager"),
+                      QStringLiteral("mnuOptions_GroupManager")),
             &QAction::triggered, this, &frmMain::mnuOptions_GroupManager_Click);
-    AddAction(options, QStringLiteral("&Front-End Settings..."), QStringLiteral("mnuOptions_Settings"))
+    AddAction(options, QStringLiteral("&Front-End Settings..."),
+              QStringLiteral("mnuOptions_Settings"))
         ->setEnabled(false);
     QMenu* exportMenu = options->addMenu(QStringLiteral("&Export..."));
     exportMenu->setObjectName(QStringLiteral("mnuOptions_Export"));
-    AddAction(exportMenu, QStringLiteral("Game &List"), QStringLiteral("mnuOptions_Export_GameList"))
+    AddAction(exportMenu, QStringLiteral("Game &List"),
+              QStringLiteral("mnuOptions_Export_GameList"))
         ->setEnabled(false);
     options->addSeparator();
     connect(AddAction(options, QStringLiteral("E&xit"), QStringLiteral("mnuOptions_Exit")),
@@ -97,7 +100,8 @@ void frmMain::CreateMenus() {
 
     m_romMenu = new RomMenu(m_state, this);
     menuBar()->addMenu(m_romMenu->Menu());
-    connect(m_romMenu->Menu(), &QMenu::aboutToShow, this, [this] { m_romMenu->Prepare(m_selectedGame); });
+    connect(m_romMenu->Menu(), &QMenu::aboutToShow, this,
+            [this] { m_romMenu->Prepare(m_selectedGame); });
 
     m_mnuDevMenu = menuBar()->addMenu(QStringLiteral("&Debug Options"));
     m_mnuDevMenu->setObjectName(QStringLiteral("mnuDevMenu"));
@@ -105,9 +109,11 @@ void frmMain::CreateMenus() {
                       QStringLiteral("mnuDevMenu_ToggleEventLog")),
             &QAction::triggered, this, [this] { frmEventLog::Toggle(this); });
     m_mnuDevMenu->addSeparator()->setObjectName(QStringLiteral("mnuDevMenu_Bar"));
-    connect(AddAction(m_mnuDevMenu, QStringLiteral("&Save Game List"), QStringLiteral("mnuDevMenu_SaveGameList")),
+    connect(AddAction(m_mnuDevMenu, QStringLiteral("&Save Game List"),
+                      QStringLiteral("mnuDevMenu_SaveGameList")),
             &QAction::triggered, this, [this] { ExportGameList(m_state, Store, QString()); });
-    connect(AddAction(m_mnuDevMenu, QStringLiteral("Sa&ve Group List"), QStringLiteral("mnuDevMenu_SaveGroupList")),
+    connect(AddAction(m_mnuDevMenu, QStringLiteral("Sa&ve Group List"),
+                      QStringLiteral("mnuDevMenu_SaveGroupList")),
             &QAction::triggered, this, [this] { ExportGroupList(m_state, Store, QString()); });
     connect(AddAction(m_mnuDevMenu, QStringLiteral("Save &Rom Folder List"),
                       QStringLiteral("mnuDevMenu_SaveRomFolderList")),
@@ -133,7 +139,8 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::cboGroupList_AddGroupList() {
-    LogEvent(QStringLiteral("Adding groups to ") + objectName() + QStringLiteral(".cboGroupList..."));
+    LogEvent(QStringLiteral("Adding groups to ") + objectName() +
+             QStringLiteral(".cboGroupList..."));
     m_cboGroupList->clear();
     m_cboGroupList->addItem(FixedGroup);
     for (const QString& group : m_state.Groups.Entries) {
@@ -192,7 +199,8 @@ void frmMain::lstGameList_Click() {
         return;
     m_selectedGame = m_state.Games.FindGame(QStringLiteral("title"), item->text());
     if (m_selectedGame >= 0 && m_state.Options.Snapshots_Show == 1)
-        ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename, m_state.Options.SnapshotFolder);
+        ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename,
+                     m_state.Options.SnapshotFolder);
     UpdateStatusBar();
 }
 
@@ -230,7 +238,8 @@ void frmMain::ShowNoSnapshot() {
 
 void frmMain::UpdateStatusBar() {
     const int listed = m_lstGameList->count();
-    QString text = QStringLiteral("%1 game%2 in %3").arg(listed).arg(listed == 1 ? "" : "s", m_currentGroup);
+    QString text =
+        QStringLiteral("%1 game%2 in %3").arg(listed).arg(listed == 1 ? "" : "s", m_currentGroup);
     if (m_selectedGame >= 0 && m_lstGameList->currentItem()) {
         const GameRecord& game = m_state.Games.Records[m_selectedGame];
         text += QStringLiteral("   |   ") + game.Folder + game.Filename;
@@ -320,7 +329,8 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
             lstGameList_DblClick();
             return true;
         }
-    } else if (watched == m_lstGameList->viewport() && event->type() == QEvent::MouseButtonRelease) {
+    } else if (watched == m_lstGameList->viewport() &&
+               event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (mouse->button() == Qt::RightButton && m_lstGameList->currentItem()) {
             m_romMenu->Prepare(m_selectedGame);
@@ -353,8 +363,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
         if (frmEventLog* log = frmEventLog::Instance())
             log->hide();
         hide();
-        const PromptAnswer answer = m_prompts.Message(QStringLiteral("View the Event Log before Ending?"),
-                                                      PromptButtons::YesNoCancel);
+        const PromptAnswer answer = m_prompts.Message(
+            QStringLiteral("View the Event Log before Ending?"), PromptButtons::YesNoCancel);
         if (answer == PromptAnswer::Cancel) {
             event->ignore();
             frmEventLog::Open()->show();
@@ -363,8 +373,9 @@ void frmMain::closeEvent(QCloseEvent* event) {
         }
         SaveEverythingBusy();
         if (answer == PromptAnswer::Yes) {
-            LogEvent(QStringLiteral("\r\nWaiting to End ") + AppTitle + QStringLiteral(" (Unload Mode ") +
-                     QString::number(m_closeReason) + QLatin1Char(')'));
+            LogEvent(QStringLiteral("\r\nWaiting to End ") + AppTitle +
+                     QStringLiteral(" (Unload Mode ") + QString::number(m_closeReason) +
+                     QLatin1Char(')'));
             frmEventLog::ShowModal();
         }
     } else {

@@ -36,17 +36,21 @@ frmProfileEditor::frmProfileEditor(SettingsStore& store, const QString& emulator
     resize(420, sizeHint().height());
 }
 
-frmProfileEditor::~frmProfileEditor() { LogWindowUnloaded(objectName()); }
+frmProfileEditor::~frmProfileEditor() {
+    LogWindowUnloaded(objectName());
+}
 
-std::optional<QString> frmProfileEditor::NewProfile(SettingsStore& store, const QString& emulatorName,
-                                                    QWidget* parent) {
+std::optional<QString> frmProfileEditor::NewProfile(SettingsStore& store,
+                                                    const QString& emulatorName, QWidget* parent) {
     frmProfileEditor editor(store, emulatorName, parent);
     if (editor.exec() != QDialog::Accepted)
         return std::nullopt;
     return editor.ProfileName();
 }
 
-QString frmProfileEditor::ProfileName() const { return m_txtProfileName->text().trimmed(); }
+QString frmProfileEditor::ProfileName() const {
+    return m_txtProfileName->text().trimmed();
+}
 
 void frmProfileEditor::cmdOK_Click() {
     // A blank name saves nothing: the dialog closes with no profile.

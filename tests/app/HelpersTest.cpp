@@ -68,7 +68,8 @@ TEST_F(HelpersTest, ErrorReportLogsAndShowsTheCriticalBox) {
     const ScriptedPrompts::Question& box = prompts.Asked().first();
     EXPECT_EQ(box.title, "Error");
     EXPECT_EQ(box.icon, PromptIcon::Critical);
-    EXPECT_TRUE(box.text.startsWith("An unexpected error accured! (0)\r\nAccured in cmdRomFolders_Add_Click\r\n\r\n"));
+    EXPECT_TRUE(box.text.startsWith(
+        "An unexpected error accured! (0)\r\nAccured in cmdRomFolders_Add_Click\r\n\r\n"));
     EXPECT_TRUE(box.text.endsWith("\r\nI'll try to solve the problem!"));
 }
 

@@ -26,12 +26,16 @@ protected:
 
 TEST_F(CliTest, FoldersAndGroupsAreSetUpFromTheTerminal) {
     const QString roms = MakeFolder("SNES Roms");
-    const QList<std::pair<QStringList, int>> runs{
-        {{"folders", "add", roms}, 0},        {{"folders", "add", TempPath("missing")}, 1},
-        {{"groups", "add", "RPG"}, 0},        {{"groups", "add", "Action"}, 0},
-        {{"groups", "remove", "rpg"}, 0},     {{"--help"}, 0},
-        {{}, 2},                              {{"frobnicate"}, 2},
-        {{"folders", "add"}, 2},              {{"list", "--group"}, 2}};
+    const QList<std::pair<QStringList, int>> runs{{{"folders", "add", roms}, 0},
+                                                  {{"folders", "add", TempPath("missing")}, 1},
+                                                  {{"groups", "add", "RPG"}, 0},
+                                                  {{"groups", "add", "Action"}, 0},
+                                                  {{"groups", "remove", "rpg"}, 0},
+                                                  {{"--help"}, 0},
+                                                  {{}, 2},
+                                                  {{"frobnicate"}, 2},
+                                                  {{"folders", "add"}, 2},
+                                                  {{"list", "--group"}, 2}};
     for (const auto& [arguments, exitCode] : runs)
         EXPECT_EQ(Run(arguments).ExitCode, exitCode) << arguments.join(' ').toStdString();
 

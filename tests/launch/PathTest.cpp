@@ -34,8 +34,9 @@ TEST_F(PathTest, ShortPathsAreLowerCaseBlankFreeAliases) {
 }
 
 TEST_F(PathTest, StoreSectionsRoundTripWhateverSeparatorsTheyHold) {
-    const QStringList sections{"Profiles\\ZSnes", "Folders\\Game Folders", "Folders", "Group List",
-                               "Game List\\/home/me/SNES Roms/", "Game List\\/home/me/%2F/"};
+    const QStringList sections{
+        "Profiles\\ZSnes", "Folders\\Game Folders",          "Folders",
+        "Group List",      "Game List\\/home/me/SNES Roms/", "Game List\\/home/me/%2F/"};
     for (const QString& section : sections)
         m_state.Store.Write(section, QStringLiteral("key/") + section, section);
     m_state.Store.Sync();
@@ -50,7 +51,8 @@ TEST_F(PathTest, StoreSectionsRoundTripWhateverSeparatorsTheyHold) {
     reopened.DeleteSection(QStringLiteral("Folders"));
     EXPECT_TRUE(reopened.ListSection(QStringLiteral("Folders")).isEmpty());
     EXPECT_EQ(reopened.ListSection(QStringLiteral("Folders\\Game Folders")).size(), 1);
-    EXPECT_EQ(reopened.Read(QStringLiteral("Group List"), QStringLiteral("absent"), QStringLiteral("dflt")),
+    EXPECT_EQ(reopened.Read(QStringLiteral("Group List"), QStringLiteral("absent"),
+                            QStringLiteral("dflt")),
               QStringLiteral("dflt"));
 }
 

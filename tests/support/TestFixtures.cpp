@@ -14,7 +14,9 @@ LumbraTest::~LumbraTest() {
     m_state.Store.Clear();
 }
 
-void LumbraTest::EnableLog() { EventLog::SetDebugMode(true); }
+void LumbraTest::EnableLog() {
+    EventLog::SetDebugMode(true);
+}
 
 QString LumbraTest::TempPath(const QString& relativePath) const {
     return relativePath.isEmpty() ? m_temp.path() : m_temp.path() + QLatin1Char('/') + relativePath;

@@ -34,8 +34,9 @@ protected:
         seed.Groups.AddGroup("Action");
         seed.Options.DefaultGroup = defaultGroup;
         SaveEverything(seed);
-        const QStringList games{"Zelda.SMC", "Zelda;RPG", "Mario.sfc", "Mario;Action",
-                                "Gone.smc",  "/invisible;RPG", "Tetris.smc", "Tetris;RPG;Snes9X;fast"};
+        const QStringList games{
+            "Zelda.SMC", "Zelda;RPG",      "Mario.sfc",  "Mario;Action",
+            "Gone.smc",  "/invisible;RPG", "Tetris.smc", "Tetris;RPG;Snes9X;fast"};
         for (int i = 0; i < games.size(); i += 2) {
             WriteFile("SNES Games/" + games[i], "x");
             seed.Store.Write("Game List\\" + folder.toLower(), games[i].toLower(), games[i + 1]);
