@@ -9,11 +9,6 @@ namespace {
 
 const QString GroupListSection = QStringLiteral("Group List");
 
-// Keys are the entry's index written with two digits: "00" to "99".
-QString GroupKey(int index) {
-    return QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0'));
-}
-
 bool SameName(const QString& a, const QString& b) {
     return a.toLower() == b.toLower();
 }
@@ -87,7 +82,7 @@ void ImportGroupList(AppState& state, const QString& target, const QString& file
     case StorageTarget::Store:
         LogEvent(QStringLiteral("Importing GroupList from: Registry..."));
         for (int i = 0; i < GroupList::Capacity; ++i) {
-            const QString name = state.Store.Read(GroupListSection, GroupKey(i));
+            const QString name = state.Store.Read(GroupListSection, IndexKey(i));
             if (name.isEmpty())
                 break;
             state.Groups.Entries[i] = name;
@@ -111,7 +106,7 @@ void ExportGroupList(AppState& state, const QString& target, const QString& file
         // Rewritten from scratch, so a removed group leaves no stale key behind.
         state.Store.DeleteSection(GroupListSection);
         for (int i = 0; i < GroupList::Capacity && !state.Groups.Entries[i].isEmpty(); ++i)
-            state.Store.Write(GroupListSection, GroupKey(i), state.Groups.Entries[i]);
+            state.Store.Write(GroupListSection, IndexKey(i), state.Groups.Entries[i]);
         state.Store.Sync();
         LogEvent(QStringLiteral("Done."), true);
         break;

@@ -11,11 +11,6 @@ namespace {
 
 const QString GameFoldersSection = QStringLiteral("Folders\\Game Folders");
 
-// Entries are stored under their index written with two digits: "00" to "99".
-QString EntryKey(int index) {
-    return QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0'));
-}
-
 } // namespace
 
 int GameFolderList::FindGameFolderIndex(const QString& path) const {
@@ -88,7 +83,7 @@ void ExportGameFolders(AppState& state, const QString& target, const QString& pa
         const QString& folder = folders.Entries[index].Path;
         if (folder.isEmpty())
             break;
-        state.Store.Write(GameFoldersSection, EntryKey(index), folder);
+        state.Store.Write(GameFoldersSection, IndexKey(index), folder);
     }
     state.Store.Sync();
     LogEvent(QStringLiteral("Done."), true);
@@ -108,7 +103,7 @@ void ImportGameFolders(AppState& state, const QString& target, const QString& pa
     LogEvent(QStringLiteral("Importing Game Folders from: Registry..."));
     // Entries after the last one read keep what they held.
     for (int index = 0; index < GameFolderList::Capacity; ++index) {
-        const QString folder = state.Store.Read(GameFoldersSection, EntryKey(index));
+        const QString folder = state.Store.Read(GameFoldersSection, IndexKey(index));
         if (folder.isEmpty())
             break;
         state.GameFolders.Entries[index].Path = folder;

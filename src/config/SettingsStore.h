@@ -7,6 +7,11 @@
 
 class QSettings;
 
+// The key of a stored list's entry: its index written with two digits, "00" to "99".
+inline QString IndexKey(int index) {
+    return QStringLiteral("%1").arg(index, 2, 10, QLatin1Char('0'));
+}
+
 // The per-user settings store: sections of string keys and string values under the
 // application name. Section and key texts round-trip exactly, whatever separators
 // they hold ("Profiles\ZSnes", "Game List\/home/me/SNES Roms/").

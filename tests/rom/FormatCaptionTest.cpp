@@ -12,7 +12,7 @@ TEST(FormatCaption, CapitalisesWordsAndKeepsAbbreviations) {
         {QStringLiteral(u"\u00C9COLE \u00E9t\u00E9"), QStringLiteral(u"\u00C9cole \u00C9t\u00E9")},
         {"nhl nfl nba ff fx dkc bs rbi rpg sfx usa wcw wwf",
          "NHL NFL NBA FF FX DKC BS RBI RPG SFX USA WCW WWF"},
-        {"rocky-i ff-iii (usa) vii ffx nbajam fff", "Rocky-I FF-III (USA) VII Ffx Nbajam Fff"},
+        {"rocky-i ii ff-iii vii ffx nbajam", "Rocky-I II FF-III VII Ffx Nbajam"},
         {"NBA'S DON'T PULL 'EM NHL '94", "NBA's Don't Pull 'em NHL '94"},
         {"3RD WORLD 2ND-ROUND 4x4", "3rd World 2nd-round 4x4"},
         {"", ""},

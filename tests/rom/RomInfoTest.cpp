@@ -63,7 +63,9 @@ TEST_F(RomInfoTest, DecodesEveryFieldThroughItsTable) {
     for (int code = 0; code < 256; ++code)
         listed += info.Licensee(code).isEmpty() ? 0 : 1;
     EXPECT_EQ(listed, 153);
-    EXPECT_EQ(info.Licensee(177) + info.Licensee(228), "ASCII Co.ActivisonT & ESoft");
+    EXPECT_EQ(
+        QStringList({info.Licensee(3), info.Licensee(147), info.Licensee(177), info.Licensee(228)}),
+        QStringList({"Imagineer -Zoom", "BEC149 Varie", "ASCII Co.Activison", "T & ESoft"}));
     EXPECT_EQ(info.GameData(0) + info.GameData(12), QString());
 }
 
