@@ -5,7 +5,8 @@ namespace {
 class MemoryView final : public EventLogView {
 public:
     QString Text() const override { return m_text; }
-    void SetText(const QString& text) override { m_text = text; }
+    void Append(const QString& text) override { m_text += text; }
+    void Clear() { m_text.clear(); }
 
 private:
     QString m_text;
@@ -47,10 +48,7 @@ void EventLog::Append(const QString& message, bool noNewLine) {
     if (!s_debugMode)
         return;
     OpenView();
-    QString text = g_view->Text();
-    if (!noNewLine)
-        text += QStringLiteral("\r\n");
-    g_view->SetText(text + message);
+    g_view->Append(noNewLine ? message : QStringLiteral("\r\n") + message);
 }
 
 QString EventLog::Text() {
@@ -61,7 +59,7 @@ void EventLog::Reset() {
     s_debugMode = false;
     g_view = nullptr;
     g_opener = nullptr;
-    g_memoryView.SetText(QString());
+    g_memoryView.Clear();
 }
 
 void LogWindowLoaded(const QString& windowName) {

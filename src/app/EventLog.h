@@ -9,7 +9,8 @@ class EventLogView {
 public:
     virtual ~EventLogView() = default;
     virtual QString Text() const = 0;
-    virtual void SetText(const QString& text) = 0;
+    // Adds text at the end of the log, line breaks included.
+    virtual void Append(const QString& text) = 0;
 };
 
 // The process-wide event log. It exists only in debug mode: outside it every

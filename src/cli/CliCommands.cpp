@@ -48,50 +48,43 @@ void LoadCatalogue(AppState& state) {
     RebuildGameList(state, noProgress);
 }
 
-QList<std::pair<QString, QString>> HeaderFields(const QString& file, AppState& state) {
-    clsRomInfo info;
-    info.ReadROM(file);
-    PathResolver resolver;
-    return {
-        {QStringLiteral("file"), file},
-        {QStringLiteral("InternalTitle"), info.GameData(InternalTitle)},
-        {QStringLiteral("RomSpeed"), info.GameData(RomSpeed)},
-        {QStringLiteral("BankSize"), info.GameData(BankSize)},
-        {QStringLiteral("RomType"), info.GameData(RomType)},
-        {QStringLiteral("RomSize"), info.GameData(RomSize)},
-        {QStringLiteral("SramSize"), info.GameData(SramSize)},
-        {QStringLiteral("Country"), info.GameData(Country)},
-        {QStringLiteral("License"), info.GameData(License)},
-        {QStringLiteral("GameVersion"), info.GameData(GameVersion)},
-        {QStringLiteral("InverseChecksum"), info.GameData(InverseChecksum)},
-        {QStringLiteral("Checksum"), info.GameData(Checksum)},
-        {QStringLiteral("Caption"), GetRomCaption(file, state.Options.UseBaseFilenames, resolver)}};
-}
+// The header texts in the JSON order, with the game information dialog's labels
+// (padded so that the values line up) for the text form.
+struct HeaderEntry {
+    const char* Key;
+    const char* Label;
+    RomInfoField Field;
+};
+constexpr HeaderEntry HeaderEntries[] = {{"InternalTitle", "Title:     ", InternalTitle},
+                                         {"RomSpeed", "ROM Speed: ", RomSpeed},
+                                         {"BankSize", "Bank Size: ", BankSize},
+                                         {"RomType", "ROM Type:  ", RomType},
+                                         {"RomSize", "ROM Size:  ", RomSize},
+                                         {"SramSize", "SRAM Size: ", SramSize},
+                                         {"Country", "Country:   ", Country},
+                                         {"License", "License:   ", License},
+                                         {"GameVersion", "Version:   ", GameVersion},
+                                         {"InverseChecksum", "Complement:", InverseChecksum},
+                                         {"Checksum", "Checksum:  ", Checksum}};
 
-// The labels of the game information dialog, padded so that the values line up.
-const QList<std::pair<QString, QString>> InfoLabels = {
-    {QStringLiteral("file"), QStringLiteral("File:      ")},
-    {QStringLiteral("InternalTitle"), QStringLiteral("Title:     ")},
-    {QStringLiteral("RomSize"), QStringLiteral("ROM Size:  ")},
-    {QStringLiteral("RomType"), QStringLiteral("ROM Type:  ")},
-    {QStringLiteral("SramSize"), QStringLiteral("SRAM Size: ")},
-    {QStringLiteral("RomSpeed"), QStringLiteral("ROM Speed: ")},
-    {QStringLiteral("BankSize"), QStringLiteral("Bank Size: ")},
-    {QStringLiteral("Country"), QStringLiteral("Country:   ")},
-    {QStringLiteral("License"), QStringLiteral("License:   ")},
-    {QStringLiteral("Checksum"), QStringLiteral("Checksum:  ")},
-    {QStringLiteral("InverseChecksum"), QStringLiteral("Complement:")},
-    {QStringLiteral("GameVersion"), QStringLiteral("Version:   ")},
-    {QStringLiteral("Caption"), QStringLiteral("Caption:   ")},
+// Key, label and value of every text that info prints for a file.
+struct InfoLine {
+    QString Key;
+    QString Label;
+    QString Value;
 };
 
-void PrintInfo(CliContext& context, const QList<std::pair<QString, QString>>& fields) {
-    for (const auto& [key, label] : InfoLabels) {
-        for (const auto& [name, value] : fields) {
-            if (name == key)
-                context.Out << label << ' ' << value << '\n';
-        }
-    }
+QList<InfoLine> HeaderInfo(const QString& file, const AppState& state) {
+    clsRomInfo info;
+    info.ReadROM(file);
+    QList<InfoLine> lines{{QStringLiteral("file"), QStringLiteral("File:      "), file}};
+    for (const HeaderEntry& entry : HeaderEntries)
+        lines.append(
+            {QLatin1String(entry.Key), QLatin1String(entry.Label), info.GameData(entry.Field)});
+    PathResolver resolver;
+    lines.append({QStringLiteral("Caption"), QStringLiteral("Caption:   "),
+                  GetRomCaption(file, state.Options.UseBaseFilenames, resolver)});
+    return lines;
 }
 
 QList<std::pair<QString, QString>> RecordFields(const GameRecord& record) {
@@ -127,13 +120,17 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
             exitCode = ExitFailed;
             continue;
         }
-        const auto fields = HeaderFields(file, context.State);
+        const QList<InfoLine> lines = HeaderInfo(file, context.State);
         if (json) {
+            QList<std::pair<QString, QString>> fields;
+            for (const InfoLine& line : lines)
+                fields.append({line.Key, line.Value});
             context.Out << JsonLine(fields) << '\n';
         } else {
             if (!first)
                 context.Out << '\n';
-            PrintInfo(context, fields);
+            for (const InfoLine& line : lines)
+                context.Out << line.Label << ' ' << line.Value << '\n';
         }
         first = false;
     }

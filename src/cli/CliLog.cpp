@@ -13,13 +13,12 @@ CliLog::~CliLog() {
         std::fputs("\n", stderr);
 }
 
-void CliLog::SetText(const QString& text) {
+void CliLog::Append(const QString& text) {
+    m_text += text;
     if (m_echo) {
-        const QString added = text.startsWith(m_text) ? text.mid(m_text.size()) : text;
-        std::fputs(added.toLocal8Bit().constData(), stderr);
+        std::fputs(text.toLocal8Bit().constData(), stderr);
         std::fflush(stderr);
     }
-    m_text = text;
 }
 
 QString CliLog::LastLine() const {

@@ -11,7 +11,7 @@ public:
     ~CliLog() override;
 
     QString Text() const override { return m_text; }
-    void SetText(const QString& text) override;
+    void Append(const QString& text) override;
 
     // The log's last line: the outcome of the last operation.
     QString LastLine() const;

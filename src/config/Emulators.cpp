@@ -32,6 +32,14 @@ int EmulatorTable::FindEmulatorIndex(const QString& name) const {
     return -1;
 }
 
+int EmulatorTable::GameEmulatorIndex(const QString& gameEmulator,
+                                     const QString& defaultEmulator) const {
+    const bool useDefault =
+        gameEmulator.isEmpty() ||
+        gameEmulator.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0;
+    return FindEmulatorIndex(useDefault ? defaultEmulator : gameEmulator);
+}
+
 void DefineEmulators(AppState& state) {
     for (int index = 0; index < EmulatorTable::Count; ++index) {
         EmulatorRecord& emulator = state.Emulators.Records[index];

@@ -26,6 +26,9 @@ public:
 
     // Index of the emulator named so (without regard to case), or -1; "" gives -1.
     int FindEmulatorIndex(const QString& name) const;
+    // The emulator a game starts in: its own, or the default one when the game's is
+    // empty or "Default". -1 when neither names one of the three.
+    int GameEmulatorIndex(const QString& gameEmulator, const QString& defaultEmulator) const;
 
     std::array<EmulatorRecord, Count> Records;
 };

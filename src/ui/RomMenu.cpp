@@ -134,10 +134,8 @@ void RomMenu::mnuProfile_New_Click() {
     if (m_gameIndex < 0)
         return;
     GameRecord& game = m_state.Games.Records[m_gameIndex];
-    const bool useDefault =
-        game.Emulator.isEmpty() || game.Emulator.toLower() == QLatin1String("default");
-    const int emulator = m_state.Emulators.FindEmulatorIndex(
-        useDefault ? m_state.Options.DefaultEmulator : game.Emulator);
+    const int emulator =
+        m_state.Emulators.GameEmulatorIndex(game.Emulator, m_state.Options.DefaultEmulator);
     if (emulator < 0)
         return;
     const std::optional<QString> name = frmProfileEditor::NewProfile(

@@ -89,17 +89,10 @@ QString frmEventLog::Text() const {
     return text;
 }
 
-void frmEventLog::SetText(const QString& text) {
-    const QString current = Text();
-    if (!current.isEmpty() && text.startsWith(current)) {
-        // The usual case, a line added at the end: append only the new part
-        // rather than laying the whole log out again.
-        QTextCursor cursor(m_txtEventLog->document());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertText(text.mid(current.size()));
-    } else {
-        m_txtEventLog->setPlainText(text);
-    }
+void frmEventLog::Append(const QString& text) {
+    QTextCursor cursor(m_txtEventLog->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(text);
     MoveCaretToEnd();
     // Painted now, so that lines written inside long loops show before the loop yields.
     m_txtEventLog->viewport()->repaint();

@@ -28,7 +28,7 @@ public:
     ~frmEventLog() override;
 
     QString Text() const override;
-    void SetText(const QString& text) override;
+    void Append(const QString& text) override;
 
 signals:
     void Closed();

@@ -58,8 +58,8 @@ void frmLoadGameList::SetValue(int value) {
 void frmLoadGameList::Repaint() {
     if (!isVisible())
         return;
-    m_loadProgressBar->repaint();
-    // Lets the windows repaint while the load runs; the player's input waits
-    // until the load is over, so no command can start in the middle of it.
+    // The bar repaints itself when its shown value changes; this lets the windows
+    // repaint too. The player's input waits until the load is over, so no command
+    // can start in the middle of it.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }

@@ -215,25 +215,26 @@ void frmMain::ShowSnapshot(const QString& fileName, const QString& snapshotFolde
     const std::optional<QString> snapshot = FindSnapshot(fileName, snapshotFolder);
     if (!snapshot)
         return;
-    const QPixmap picture(*snapshot);
-    if (snapshot->isEmpty() || picture.isNull()) {
+    if (snapshot->isEmpty() || !ShowPicture(*snapshot))
         ShowNoSnapshot();
-        return;
-    }
-    m_picSnapshot->setPixmap(
-        picture.scaled(m_picSnapshot->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
 void frmMain::ShowNoSnapshot() {
     const QString& noSnapPic = m_state.Options.Snapshots_NoSnapPic;
-    const QPixmap picture = noSnapPic.isEmpty() ? QPixmap() : QPixmap(GetShortPath(noSnapPic));
-    if (picture.isNull()) {
+    if (noSnapPic.isEmpty() || !ShowPicture(GetShortPath(noSnapPic))) {
         m_picSnapshot->clear();
         m_picSnapshot->setText(QStringLiteral("No snapshot"));
-        return;
     }
+}
+
+// Fits the picture file into the snapshot pane; false when it cannot be read.
+bool frmMain::ShowPicture(const QString& path) {
+    const QPixmap picture(path);
+    if (picture.isNull())
+        return false;
     m_picSnapshot->setPixmap(
         picture.scaled(m_picSnapshot->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    return true;
 }
 
 void frmMain::UpdateStatusBar() {

@@ -54,6 +54,7 @@ private:
     void lstGameList_DblClick();
     void ShowSnapshot(const QString& fileName, const QString& snapshotFolder);
     void ShowNoSnapshot();
+    bool ShowPicture(const QString& path);
     void UpdateStatusBar();
     void mnuOptions_GroupManager_Click();
     void SaveEverythingBusy();
