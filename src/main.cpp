@@ -1,5 +1,7 @@
 #include "app/AppState.h"
 #include "app/AppTitle.h"
+#include "app/Startup.h"
+#include "config/StoreWriterLock.h"
 #include "launch/Launcher.h"
 #include "launch/TerminationRequests.h"
 #include "ui/QtPrompts.h"
@@ -17,6 +19,9 @@ int main(int argc, char** argv) {
 
     AppState state;
     QtPrompts prompts;
+    StoreWriterLock storeWriter(state.Store, StoreWriterLock::Holder::Window);
+    if (!ClaimStoreForWindow(storeWriter, prompts))
+        return 1;
     PendingLauncher launcher;
     const std::unique_ptr<frmMain> window =
         StartLumbra(state, prompts, launcher, QApplication::arguments().mid(1));

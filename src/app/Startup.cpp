@@ -3,10 +3,12 @@
 #include "app/AppState.h"
 #include "app/AppTitle.h"
 #include "app/EventLog.h"
+#include "app/Prompts.h"
+#include "config/StoreWriterLock.h"
 
 namespace {
 const QString Store = QStringLiteral("reg");
-}
+} // namespace
 
 bool IsDebugSwitch(const QStringList& arguments) {
     return arguments.join(QLatin1Char(' ')).toLower() == QLatin1String("/debug");
@@ -20,8 +22,26 @@ void LoadConfiguration(AppState& state) {
 
 void SaveEverything(AppState& state) {
     LogEvent(QStringLiteral("\r\n=== Preparing to unload ") + AppTitle + QStringLiteral("==="));
+    const SettingsStore::Batch oneWrite(state.Store);
     ExportSettings(state, Store, QString());
     ExportGameFolders(state, Store, QString());
     ExportGroupList(state, Store, QString());
     ExportGameList(state, Store, QString());
+}
+
+bool ClaimStoreForWindow(StoreWriterLock& lock, Prompts& prompts) {
+    if (lock.TryAcquire())
+        return true;
+    const QString process = lock.HolderProcessText();
+    if (lock.HeldBy() == StoreWriterLock::Holder::Window)
+        prompts.Message(AppTitle + QStringLiteral(" is already running") + process +
+                            QStringLiteral(". Switch to its window: a second copy would "
+                                           "overwrite its changes when it closes."),
+                        PromptButtons::Ok, PromptIcon::Exclamation);
+    else
+        prompts.Message(QStringLiteral("A lumbra-cli command") + process +
+                            QStringLiteral(" is still changing the settings. Start ") + AppTitle +
+                            QStringLiteral(" again when it has finished."),
+                        PromptButtons::Ok, PromptIcon::Exclamation);
+    return false;
 }

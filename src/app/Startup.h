@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+class Prompts;
+class StoreWriterLock;
 struct AppState;
 
 // Debug mode is on only when the whole command line, lower-cased, is "/debug".
@@ -14,3 +16,9 @@ void LoadConfiguration(AppState& state);
 
 // The close sequence's save: settings, game folders, groups and games, in that order.
 void SaveEverything(AppState& state);
+
+// Takes the settings store's writer lock for the window's whole run. False, after
+// telling the player why, while another Lumbra runs or a lumbra-cli command that
+// changes the store does not end in time: a second writer would overwrite the
+// first one's changes.
+bool ClaimStoreForWindow(StoreWriterLock& lock, Prompts& prompts);

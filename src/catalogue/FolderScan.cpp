@@ -6,6 +6,10 @@
 #include "launch/PathResolver.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -19,25 +23,79 @@ QString ListingFolder(const QString& folder) {
     return path;
 }
 
-// The folder's game files, sorted by name, without hidden and system files.
-QStringList ListGameFiles(const QString& folder) {
-    const QString resolved = ResolvePath(folder);
+// The patterns are all "*.extension": a suffix test is all they need.
+bool IsGameFile(const QString& name) {
+    static const QStringList suffixes = [] {
+        QStringList list = GameFilePatterns.split(QLatin1Char(';'));
+        for (QString& pattern : list)
+            pattern.remove(0, 1);
+        return list;
+    }();
+    return std::any_of(suffixes.begin(), suffixes.end(), [&name](const QString& suffix) {
+        return name.endsWith(suffix, Qt::CaseInsensitive);
+    });
+}
+
+// A name the system could not decode is listed with U+FFFD in it, and no path made
+// from that text names the file again.
+bool IsUndecodable(const QString& folder, const QString& name) {
+    return name.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(folder + name);
+}
+
+struct FolderListing {
+    QStringList Files;
+    QStringList LeftOut; // log lines, written after the folder's own line
+    ScanReport Report;
+};
+
+// The folder's game files sorted by name without regard to case, hidden files left
+// out. Of names that differ only in letter case, which the catalogue cannot tell
+// apart, the first in sorted order stays: the one the path resolver picks.
+FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
+    FolderListing listing;
+    const QString resolved =
+        resolver.Resolve(EndsWithSeparator(folder) ? folder : folder + QLatin1Char('/'));
     if (resolved.isEmpty())
-        return {};
-    QDir dir(resolved);
-    dir.setNameFilters(GameFilePatterns.split(QLatin1Char(';')));
-    dir.setFilter(QDir::Files);
-    dir.setSorting(QDir::Name | QDir::IgnoreCase);
-    return dir.entryList();
+        return listing;
+    std::vector<std::pair<QString, QString>> games; // lower-case name, name
+    for (const PathResolver::Entry& entry : resolver.Entries(resolved)) {
+        if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name))
+            continue;
+        if (IsUndecodable(resolved, entry.Name)) {
+            ++listing.Report.LeftOutNames;
+            listing.LeftOut.append(
+                QStringLiteral("Left out a file whose name is not valid UTF-8: ") + entry.Name);
+            continue;
+        }
+        games.emplace_back(entry.Name.toLower(), entry.Name);
+    }
+    std::sort(games.begin(), games.end());
+    for (std::size_t i = 0; i < games.size(); ++i) {
+        if (i > 0 && games[i].first == games[i - 1].first) {
+            ++listing.Report.LeftOutCaseTwins;
+            listing.LeftOut.append(QStringLiteral("Left out ") + games[i].second +
+                                   QStringLiteral(": same name as ") + listing.Files.last() +
+                                   QStringLiteral(" in other letter case"));
+            continue;
+        }
+        listing.Files.append(games[i].second);
+    }
+    return listing;
+}
+
+void LogLeftOut(const QStringList& lines) {
+    for (const QString& line : lines)
+        LogEvent(line);
 }
 
 } // namespace
 
-void GameList_ImportFileList(AppState& state, const QString& folder) {
+ScanReport GameList_ImportFileList(AppState& state, const QString& folder, PathResolver& resolver) {
     LogEvent(QStringLiteral("Importing files from: ") + folder + QStringLiteral("..."));
 
     const QString listingFolder = ListingFolder(folder);
-    const QStringList files = ListGameFiles(listingFolder);
+    FolderListing listing = ListGameFiles(listingFolder, resolver);
+    const QStringList& files = listing.Files;
     const int folderIndex = state.GameFolders.FindGameFolderIndex(folder);
     if (folderIndex >= 0)
         state.GameFolders.Entries[folderIndex].RomCount = static_cast<qint16>(files.size());
@@ -45,16 +103,18 @@ void GameList_ImportFileList(AppState& state, const QString& folder) {
     // The separator is appended unconditionally, so a root folder ends in two.
     const QString recordFolder = listingFolder.toLower() + QDir::separator();
     GameList& games = state.Games;
-    for (const QString& file : files) {
-        const int slot = games.FindGame(QStringLiteral("filename"), QString());
-        if (slot < 0) {
+    int slot = games.Count(); // the list is packed: each file takes the next free slot
+    for (qsizetype i = 0; i < files.size(); ++i, ++slot) {
+        if (slot >= GameList::Capacity) {
             LogError(SubscriptOutOfRange, QStringLiteral("GameList_ImportFileList"));
-            return;
+            listing.Report.LeftOutFull = static_cast<int>(files.size() - i);
+            LogLeftOut(listing.LeftOut);
+            return listing.Report;
         }
         GameRecord& record = games.Records[slot];
         record.Group = FixedGroup;
         record.Folder = recordFolder;
-        record.Filename = file.toLower();
+        record.Filename = files[i].toLower();
         record.Caption = record.Filename;
         record.Emulator = QStringLiteral("Default");
         record.Profile = QStringLiteral("Default");
@@ -64,4 +124,11 @@ void GameList_ImportFileList(AppState& state, const QString& folder) {
                 record.Filename.left(InStrLast(record.Filename, QStringLiteral(".")) - 1);
     }
     LogEvent(QStringLiteral("Done."), true);
+    LogLeftOut(listing.LeftOut);
+    return listing.Report;
+}
+
+ScanReport GameList_ImportFileList(AppState& state, const QString& folder) {
+    PathResolver resolver;
+    return GameList_ImportFileList(state, folder, resolver);
 }

@@ -2,6 +2,8 @@
 
 #include "app/EventLog.h"
 
+#include <QHash>
+#include <algorithm>
 #include <vector>
 
 void GameList::ClearGameList() {
@@ -38,23 +40,24 @@ void GameList::TagDuplicates() {
         LogEvent(QStringLiteral("List is empty"), true);
         return;
     }
-    // Each record is compared with its caption as it stands when reached, tag included.
-    std::vector<QString> lowered;
-    lowered.reserve(std::max(last + 1, 0));
+    // Each record is compared with the records after it, by its caption as it stands
+    // when reached, tag included. Rather than comparing every pair, the records not
+    // reached yet are kept by lower-case caption, in list order.
+    QHash<QString, std::vector<int>> holders;
     for (int i = 0; i <= last; ++i)
-        lowered.push_back(Records[i].Caption.toLower());
+        holders[Records[i].Caption.toLower()].push_back(i);
     bool found = false;
     for (int i = 0; i < last; ++i) {
-        const QString caption = lowered[i];
+        std::vector<int>& same = holders[Records[i].Caption.toLower()];
+        // Every earlier record has left its list, so record i comes first in its own.
+        const std::vector<int> later(same.begin() + 1, same.end());
+        same.clear();
         int copy = 2;
-        for (int j = i + 1; j <= last; ++j) {
-            if (lowered[j] == caption) {
-                Records[j].Caption +=
-                    QStringLiteral(" (") + QString::number(copy) + QLatin1Char(')');
-                lowered[j] = Records[j].Caption.toLower();
-                ++copy;
-                found = true;
-            }
+        for (const int j : later) {
+            Records[j].Caption += QStringLiteral(" (") + QString::number(copy++) + QLatin1Char(')');
+            std::vector<int>& tagged = holders[Records[j].Caption.toLower()];
+            tagged.insert(std::lower_bound(tagged.begin(), tagged.end(), j), j);
+            found = true;
         }
     }
     LogEvent(QStringLiteral("Duplicates Found? ") +

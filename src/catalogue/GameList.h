@@ -1,9 +1,11 @@
 #pragma once
 
 #include "catalogue/GameRecord.h"
+#include "catalogue/ScanReport.h"
 
 #include <array>
 
+class PathResolver;
 class Progress;
 struct AppState;
 
@@ -23,9 +25,13 @@ public:
     std::array<GameRecord, Capacity> Records;
 };
 
-// The start-up load: scan every game folder, lay the stored data over it, tag duplicates.
-void RebuildGameList(AppState& state, Progress& progress);
+// The start-up load: scan every game folder, lay the stored data over it, tag
+// duplicates. Says which files were left out.
+ScanReport RebuildGameList(AppState& state, Progress& progress);
 
+// The resolver carries folder listings over from a scan just made.
+void ImportGameList(AppState& state, const QString& target, const QString& fileName,
+                    Progress& progress, PathResolver& resolver);
 void ImportGameList(AppState& state, const QString& target, const QString& fileName,
                     Progress& progress);
 void ExportGameList(AppState& state, const QString& target, const QString& fileName);

@@ -29,11 +29,10 @@ QString StoredValue(const GameRecord& record) {
     return value;
 }
 
-void ImportFromStore(AppState& state, Progress& progress) {
+void ImportFromStore(AppState& state, Progress& progress, PathResolver& resolver) {
     LogEvent(QStringLiteral("Importing GameList from: Registry..."));
     GameList& games = state.Games;
     progress.SetMaximum(games.FindGame(QStringLiteral("filename"), QString()) - 1);
-    PathResolver resolver;
     for (int i = 0; i < GameList::Capacity && !games.Records[i].Filename.isEmpty(); ++i) {
         GameRecord& record = games.Records[i];
         const QString value = state.Store.Read(GameSection(record), record.Filename.toLower());
@@ -43,7 +42,8 @@ void ImportFromStore(AppState& state, Progress& progress) {
         } else {
             record.Caption = GetField(value, 1, Delimiter);
             record.Group = GetField(value, 2, Delimiter);
-            if (state.Groups.FindGroup(record.Group) < 0)
+            // An empty name would find a free entry, not a group.
+            if (record.Group.isEmpty() || state.Groups.FindGroup(record.Group) < 0)
                 record.Group = FixedGroup;
             record.Emulator = GetField(value, 3, Delimiter);
             record.Profile = GetField(value, 4, Delimiter);
@@ -107,9 +107,15 @@ void ExportToFile(AppState& state, const QString& fileName) {
 
 void ImportGameList(AppState& state, const QString& target, const QString& fileName,
                     Progress& progress) {
+    PathResolver resolver;
+    ImportGameList(state, target, fileName, progress, resolver);
+}
+
+void ImportGameList(AppState& state, const QString& target, const QString& fileName,
+                    Progress& progress, PathResolver& resolver) {
     switch (ParseStorageTarget(target)) {
     case StorageTarget::Store:
-        ImportFromStore(state, progress);
+        ImportFromStore(state, progress, resolver);
         break;
     case StorageTarget::File:
         // The file form is announced only; the list stays as it is.
@@ -134,15 +140,18 @@ void ExportGameList(AppState& state, const QString& target, const QString& fileN
     }
 }
 
-void RebuildGameList(AppState& state, Progress& progress) {
+ScanReport RebuildGameList(AppState& state, Progress& progress) {
     progress.Show();
     state.Games.ClearGameList();
+    PathResolver resolver; // each folder is listed once, for the scan and the import
+    ScanReport report;
     for (const GameFolder& folder : state.GameFolders.Entries) {
         if (folder.Path.isEmpty())
             break;
-        GameList_ImportFileList(state, folder.Path);
+        report += GameList_ImportFileList(state, folder.Path, resolver);
     }
-    ImportGameList(state, QStringLiteral("reg"), QString(), progress);
+    ImportGameList(state, QStringLiteral("reg"), QString(), progress, resolver);
     state.Games.TagDuplicates();
     progress.Close();
+    return report;
 }

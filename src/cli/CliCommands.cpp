@@ -7,11 +7,13 @@
 #include "catalogue/GroupFilter.h"
 #include "cli/CliLog.h"
 #include "cli/JsonLine.h"
+#include "config/StoreWriterLock.h"
 #include "launch/PathResolver.h"
 #include "rom/RomCaption.h"
 #include "rom/RomInfo.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -40,12 +42,42 @@ bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
     return true;
 }
 
-// The catalogue as the main window's load builds it.
-void LoadCatalogue(AppState& state) {
+// A command that changes the store holds its writer lock from before it reads the
+// store until it has written it, so that nothing another writer saved is lost.
+// False, with the reason on standard error, while Lumbra's window runs.
+bool ClaimStore(CliContext& context, StoreWriterLock& lock) {
+    if (lock.TryAcquire())
+        return true;
+    const QString process = lock.HolderProcessText();
+    if (lock.HeldBy() == StoreWriterLock::Holder::Window)
+        context.Err << "lumbra-cli: Lumbra is running" << process
+                    << "; close it first, then try again: it would overwrite this change when "
+                       "it closes.\n";
+    else
+        context.Err << "lumbra-cli: another lumbra-cli command" << process
+                    << " is still changing the settings; try again when it has finished.\n";
+    return false;
+}
+
+// The catalogue as the main window's load builds it; what the scan left out goes
+// to standard error.
+void LoadCatalogue(CliContext& context) {
+    AppState& state = context.State;
     LoadConfiguration(state);
     ImportGroupList(state, Store, QString());
     Progress noProgress;
-    RebuildGameList(state, noProgress);
+    const ScanReport report = RebuildGameList(state, noProgress);
+    if (!report.IsComplete())
+        context.Err << "lumbra-cli: " << report.Summary() << '\n';
+}
+
+// Control characters (a header's padding bytes among them) would garble a terminal.
+QString Printable(QString text) {
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control)
+            c = QChar::ReplacementCharacter;
+    }
+    return text;
 }
 
 // The header texts in the JSON order, with the game information dialog's labels
@@ -115,8 +147,15 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
     int exitCode = ExitOk;
     bool first = true;
     for (const QString& file : files) {
-        if (!PathResolver().IsFile(file)) {
+        const QString resolved = PathResolver().Resolve(file);
+        if (resolved.isEmpty() || !QFileInfo(resolved).isFile()) {
             context.Err << "lumbra-cli: " << file << ": no such file\n";
+            exitCode = ExitFailed;
+            continue;
+        }
+        QFile readable(resolved);
+        if (!readable.open(QIODevice::ReadOnly)) {
+            context.Err << "lumbra-cli: " << file << ": " << readable.errorString() << '\n';
             exitCode = ExitFailed;
             continue;
         }
@@ -130,7 +169,7 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
             if (!first)
                 context.Out << '\n';
             for (const InfoLine& line : lines)
-                context.Out << line.Label << ' ' << line.Value << '\n';
+                context.Out << line.Label << ' ' << Printable(line.Value) << '\n';
         }
         first = false;
     }
@@ -147,7 +186,7 @@ int RunList(CliContext& context, const QStringList& arguments) {
         return UsageError(context, QStringLiteral("unexpected argument: ") + rest.first());
 
     AppState& state = context.State;
-    LoadCatalogue(state);
+    LoadCatalogue(context);
     if (json) {
         for (const GameRecord& record : state.Games.Records) {
             if (record.Filename.isEmpty())
@@ -173,7 +212,10 @@ int RunScan(CliContext& context, const QStringList& arguments) {
     if (!arguments.isEmpty())
         return UsageError(context, QStringLiteral("unexpected argument: ") + arguments.first());
     AppState& state = context.State;
-    LoadCatalogue(state);
+    StoreWriterLock lock(state.Store, StoreWriterLock::Holder::Command);
+    if (!ClaimStore(context, lock))
+        return ExitFailed;
+    LoadCatalogue(context);
     ExportGameList(state, Store, QString());
     const auto counted = [](int count, const char* noun) {
         QString text = QString::number(count) + QLatin1Char(' ') + QLatin1String(noun);
@@ -203,6 +245,9 @@ int RunFolders(CliContext& context, const QStringList& arguments) {
         return UsageError(context,
                           QStringLiteral("usage: folders add|remove PATH, or folders list"));
 
+    StoreWriterLock lock(state.Store, StoreWriterLock::Holder::Command);
+    if (!ClaimStore(context, lock))
+        return ExitFailed;
     ImportGameFolders(state, Store, QString());
     bool changed = false;
     if (action == QLatin1String("add")) {
@@ -228,8 +273,8 @@ int RunFolders(CliContext& context, const QStringList& arguments) {
 int RunGroups(CliContext& context, const QStringList& arguments) {
     AppState& state = context.State;
     const QString action = arguments.value(0);
-    ImportGroupList(state, Store, QString());
     if (action == QLatin1String("list") && arguments.size() == 1) {
+        ImportGroupList(state, Store, QString());
         context.Out << FixedGroup << '\n';
         for (const QString& group : state.Groups.Entries) {
             if (group.isEmpty())
@@ -241,6 +286,10 @@ int RunGroups(CliContext& context, const QStringList& arguments) {
     if ((action != QLatin1String("add") && action != QLatin1String("remove")) ||
         arguments.size() != 2)
         return UsageError(context, QStringLiteral("usage: groups add|remove NAME, or groups list"));
+    StoreWriterLock lock(state.Store, StoreWriterLock::Holder::Command);
+    if (!ClaimStore(context, lock))
+        return ExitFailed;
+    ImportGroupList(state, Store, QString());
     const bool changed = action == QLatin1String("add") ? state.Groups.AddGroup(arguments.at(1))
                                                         : state.Groups.RemoveGroup(arguments.at(1));
     if (!changed)

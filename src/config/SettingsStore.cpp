@@ -1,5 +1,7 @@
 #include "config/SettingsStore.h"
 
+#include "config/AbandonedLock.h"
+
 #include <QSettings>
 
 namespace {
@@ -68,12 +70,32 @@ QStringList SettingsStore::Sections() const {
 }
 
 void SettingsStore::Sync() {
+    if (m_batchDepth > 0)
+        m_syncDue = true;
+    else
+        WriteFile();
+}
+
+void SettingsStore::WriteFile() {
+    m_syncDue = false;
+    // QSettings takes "<file>.lock" for a write and waits for a lock that a killed
+    // process left behind until it has aged, about half a minute.
+    RemoveAbandonedLock(m_settings->fileName() + QStringLiteral(".lock"));
     m_settings->sync();
+}
+
+SettingsStore::Batch::Batch(SettingsStore& store) : m_store(store) {
+    ++m_store.m_batchDepth;
+}
+
+SettingsStore::Batch::~Batch() {
+    if (--m_store.m_batchDepth == 0 && m_store.m_syncDue)
+        m_store.WriteFile();
 }
 
 void SettingsStore::Clear() {
     m_settings->clear();
-    m_settings->sync();
+    WriteFile();
 }
 
 QString SettingsStore::FilePath() const {

@@ -32,12 +32,31 @@ public:
     // Every section that holds at least one key.
     QStringList Sections() const;
 
-    // Writes pending changes to disk; called once after a whole export.
+    // Writes pending changes to disk; called once after a whole export. Inside a
+    // batch it only notes that a write is due.
     void Sync();
+
+    // Gathers the exports of one save (the close, one command) into one write of
+    // the file, made when the outermost batch ends.
+    class Batch {
+    public:
+        explicit Batch(SettingsStore& store);
+        ~Batch();
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+
+    private:
+        SettingsStore& m_store;
+    };
+
     // Removes every section (tests and a reset).
     void Clear();
     QString FilePath() const;
 
 private:
+    void WriteFile();
+
     std::unique_ptr<QSettings> m_settings;
+    int m_batchDepth = 0;
+    bool m_syncDue = false;
 };

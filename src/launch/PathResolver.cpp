@@ -1,6 +1,7 @@
 #include "launch/PathResolver.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 
 namespace {
@@ -21,23 +22,33 @@ const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
     auto it = m_listings.find(folder);
     if (it == m_listings.end()) {
         Listing listing;
-        const QStringList entries =
-            QDir(folder.isEmpty() ? QStringLiteral(".") : folder)
-                .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                           QDir::Name);
-        for (const QString& entry : entries) {
-            listing.Names.insert(entry);
-            QString& first = listing.ByLowerName[entry.toLower()];
-            if (first.isEmpty() || entry < first)
-                first = entry;
+        QDirIterator entries(folder.isEmpty() ? QStringLiteral(".") : folder,
+                             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        while (entries.hasNext()) {
+            entries.next();
+            const QFileInfo info = entries.fileInfo();
+            const QString name = info.fileName();
+            listing.Entries.append({name, info.isFile(), name.startsWith(QLatin1Char('.'))});
+            listing.Names.insert(name);
+            QString& first = listing.ByLowerName[name.toLower()];
+            if (first.isEmpty() || name < first)
+                first = name;
         }
         it = m_listings.insert(folder, listing);
     }
     return *it;
 }
 
+const QList<PathResolver::Entry>& PathResolver::Entries(const QString& resolvedFolder) {
+    return ListFolder(resolvedFolder).Entries;
+}
+
 QString PathResolver::Match(const QString& folder, const QString& name) {
     if (name == QLatin1String(".") || name == QLatin1String(".."))
+        return name;
+    // A folder not listed yet is listed only when the exact name is not there: the
+    // parents of a game folder are mostly spelled right, its files mostly not.
+    if (!m_listings.contains(folder) && QFileInfo::exists(folder + name))
         return name;
     const Listing& listing = ListFolder(folder);
     if (listing.Names.contains(name))

@@ -20,8 +20,18 @@ public:
     bool Exists(const QString& path) { return !Resolve(path).isEmpty(); }
     bool IsFile(const QString& path);
 
+    struct Entry {
+        QString Name;
+        bool IsFile = false; // a regular file, or a link to one
+        bool IsHidden = false;
+    };
+    // The entries of a resolved folder (ending in a separator), listed once per
+    // resolver and kept for the later resolutions in it.
+    const QList<Entry>& Entries(const QString& resolvedFolder);
+
 private:
     struct Listing {
+        QList<Entry> Entries;
         QSet<QString> Names;
         QHash<QString, QString> ByLowerName; // the first name in sorted order
     };

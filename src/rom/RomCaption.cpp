@@ -16,7 +16,7 @@ constexpr int TitleLength = 21;
 QString RawTitle(const QString& path, PathResolver& resolver) {
     QString title(TitleLength, QLatin1Char(' '));
     QFile file(resolver.ResolveOrKeep(path));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return title;
     const qint64 position = FindHeaderPosition(file);
     if (position > 0)
@@ -24,9 +24,7 @@ QString RawTitle(const QString& path, PathResolver& resolver) {
     return title;
 }
 
-} // namespace
-
-QString GetRomCaption(const QString& path, qint16 useBaseFilenames, PathResolver& resolver) {
+QString FirstCaption(const QString& path, qint16 useBaseFilenames, PathResolver& resolver) {
     // An archive is not opened: its file name stands for the title.
     const bool zipped = path.right(3).toLower() == QLatin1String("zip");
     const QString caption = FormatCaption(zipped ? GetFileName(path) : RawTitle(path, resolver));
@@ -40,4 +38,13 @@ QString GetRomCaption(const QString& path, qint16 useBaseFilenames, PathResolver
     }
     // The "*" marks a caption that could not be read from the file.
     return QLatin1Char('*') + GetFileName(path);
+}
+
+} // namespace
+
+QString GetRomCaption(const QString& path, qint16 useBaseFilenames, PathResolver& resolver) {
+    // A stored record joins its fields with ";", so no caption may hold one.
+    QString caption = FirstCaption(path, useBaseFilenames, resolver);
+    caption.replace(QLatin1Char(';'), QLatin1Char(' '));
+    return caption;
 }

@@ -314,9 +314,13 @@ bool clsRomInfo::ReadROM(const QString& filename) {
     if (!RomFileExists(filename, resolver))
         return false;
     QFile file(resolver.ResolveOrKeep(filename));
-    if (file.open(QIODevice::ReadOnly))
-        DecodeHeader(file, FindHeaderPosition(file));
+    if (file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        ReadROM(file);
     return false;
+}
+
+void clsRomInfo::ReadROM(QIODevice& file) {
+    DecodeHeader(file, FindHeaderPosition(file));
 }
 
 QString clsRomInfo::GameData(int field) const {

@@ -36,6 +36,8 @@ public:
     // Always returns false: callers judge success by the field texts. A missing
     // file leaves them as they were.
     bool ReadROM(const QString& filename);
+    // Decodes the header of an open file or buffer.
+    void ReadROM(QIODevice& file);
 
     // The text of field 1 to 11; empty for any other number.
     QString GameData(int field) const;

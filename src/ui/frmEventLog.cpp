@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QScrollBar>
 
 namespace {
 
@@ -73,6 +74,14 @@ frmEventLog::frmEventLog() {
     // Read-only, but the caret still shows where the newest line is.
     m_txtEventLog->setTextInteractionFlags(Qt::TextSelectableByMouse |
                                            Qt::TextSelectableByKeyboard);
+    // The text is laid out lazily, so the scroll range can still grow after a line
+    // was added (at the first show, or when the fonts measure differently): while
+    // the caret is at the end, the newest line stays in view.
+    QScrollBar* scroll = m_txtEventLog->verticalScrollBar();
+    connect(scroll, &QScrollBar::rangeChanged, this, [this, scroll](int, int maximum) {
+        if (m_txtEventLog->textCursor().atEnd())
+            scroll->setValue(maximum);
+    });
     resize(480, 320);
 }
 

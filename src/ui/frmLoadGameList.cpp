@@ -47,11 +47,18 @@ void frmLoadGameList::Close() {
 
 void frmLoadGameList::SetMaximum(int maximum) {
     m_loadProgressBar->setMaximum(maximum);
+    m_shownPercent = -1;
     Repaint();
 }
 
 void frmLoadGameList::SetValue(int value) {
     m_loadProgressBar->setValue(value);
+    // The window is repainted once per percent, not once per game.
+    const int maximum = m_loadProgressBar->maximum();
+    const int percent = maximum > 0 ? static_cast<int>(100LL * value / maximum) : 100;
+    if (percent == m_shownPercent)
+        return;
+    m_shownPercent = percent;
     Repaint();
 }
 

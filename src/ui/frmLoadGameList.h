@@ -24,4 +24,5 @@ private:
 
     QProgressBar* m_loadProgressBar = nullptr;
     bool m_loaded = false;
+    int m_shownPercent = -1;
 };

@@ -6,6 +6,7 @@
 #include "app/Prompts.h"
 #include "app/Startup.h"
 #include "catalogue/GroupFilter.h"
+#include "catalogue/ScanReport.h"
 #include "launch/Launcher.h"
 #include "launch/OsHelpers.h"
 #include "snapshots/Snapshot.h"
@@ -29,6 +30,22 @@ namespace {
 const QString Store = QStringLiteral("reg");
 constexpr int SnapshotWidth = 256; // one SNES screen
 constexpr int SnapshotHeight = 224;
+// Longer captions (a hand-edited store can hold any length) are cut for display;
+// the whole caption stays with the entry and maps it back to its game.
+constexpr int ShownCaptionLength = 256;
+constexpr int CaptionRole = Qt::UserRole;
+
+QListWidgetItem* GameItem(const QString& caption) {
+    auto* item = new QListWidgetItem(caption.size() > ShownCaptionLength
+                                         ? caption.left(ShownCaptionLength) + QChar(0x2026)
+                                         : caption);
+    item->setData(CaptionRole, caption);
+    return item;
+}
+
+QString CaptionOf(const QListWidgetItem* item) {
+    return item->data(CaptionRole).toString();
+}
 
 // The hourglass for the whole screen while it lives.
 class BusyPointer {
@@ -63,6 +80,7 @@ void frmMain::CreateControls() {
 
     m_lstGameList = new QListWidget(m_inner);
     m_lstGameList->setObjectName(QStringLiteral("lstGameList"));
+    m_lstGameList->setUniformItemSizes(true); // one line each: no text is measured per item
     m_lstGameList->installEventFilter(this);
     m_lstGameList->viewport()->installEventFilter(this);
     connect(m_lstGameList, &QListWidget::currentRowChanged, this, &frmMain::lstGameList_Click);
@@ -77,6 +95,10 @@ void frmMain::CreateControls() {
     m_stbStatusBar = new QStatusBar(this);
     m_stbStatusBar->setObjectName(QStringLiteral("stbStatusBar"));
     setStatusBar(m_stbStatusBar);
+    m_lblScanReport = new QLabel(m_stbStatusBar);
+    m_lblScanReport->setObjectName(QStringLiteral("lblScanReport"));
+    m_stbStatusBar->addPermanentWidget(m_lblScanReport);
+    m_lblScanReport->hide();
     m_inner->installEventFilter(this); // once its children exist
 }
 
@@ -130,7 +152,7 @@ void frmMain::Form_Load() {
     cboGroupList_AddGroupList();
     {
         frmLoadGameList progress(this);
-        RebuildGameList(m_state, progress);
+        ShowScanReport(RebuildGameList(m_state, progress));
     }
     const QString& defaultGroup = m_state.Options.DefaultGroup;
     SelectGroup(cboGroupList_SearchIndex(defaultGroup) >= 0 ? defaultGroup : FixedGroup);
@@ -161,7 +183,7 @@ int frmMain::cboGroupList_SearchIndex(const QString& text) const {
 
 int frmMain::lstGameList_SearchIndex(const QString& caption) const {
     for (int i = 0; i < m_lstGameList->count(); ++i) {
-        if (m_lstGameList->item(i)->text().compare(caption, Qt::CaseInsensitive) == 0)
+        if (CaptionOf(m_lstGameList->item(i)).compare(caption, Qt::CaseInsensitive) == 0)
             return i;
     }
     return -1;
@@ -170,7 +192,8 @@ int frmMain::lstGameList_SearchIndex(const QString& caption) const {
 void frmMain::lstGameList_AddGameList(const QString& group) {
     LogEvent(QStringLiteral("Adding games to list for group: ") + group + QStringLiteral("..."));
     m_lstGameList->clear();
-    m_lstGameList->addItems(GroupCaptions(m_state.Games, group));
+    for (const QString& caption : GroupCaptions(m_state.Games, group))
+        m_lstGameList->addItem(GameItem(caption));
     LogEvent(QStringLiteral("Done."), true);
 }
 
@@ -197,7 +220,7 @@ void frmMain::lstGameList_Click() {
     QListWidgetItem* item = m_lstGameList->currentItem();
     if (!item)
         return;
-    m_selectedGame = m_state.Games.FindGame(QStringLiteral("title"), item->text());
+    m_selectedGame = m_state.Games.FindGame(QStringLiteral("title"), CaptionOf(item));
     if (m_selectedGame >= 0 && m_state.Options.Snapshots_Show == 1)
         ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename,
                      m_state.Options.SnapshotFolder);
@@ -248,6 +271,13 @@ void frmMain::UpdateStatusBar() {
     m_stbStatusBar->showMessage(text);
 }
 
+// Files the scan left out stay named in the status bar: a full catalogue, say.
+void frmMain::ShowScanReport(const ScanReport& report) {
+    m_lblScanReport->setText(report.Summary());
+    m_lblScanReport->setToolTip(report.Summary());
+    m_lblScanReport->setVisible(!report.IsComplete());
+}
+
 void frmMain::mnuOptions_GroupManager_Click() {
     const QString remembered = m_cboGroupList->currentText();
     {
@@ -261,11 +291,13 @@ void frmMain::mnuOptions_GroupManager_Click() {
 void frmMain::Form_Resize() {
     const int width = m_inner->width();
     const int height = m_inner->height();
-    if (m_state.Options.Snapshots_Show == 0) {
+    if (m_state.Options.Snapshots_Show == 0 || m_state.Options.Snapshots_Show == 1)
+        m_layoutWithSnapshot = m_state.Options.Snapshots_Show == 1;
+    if (!m_layoutWithSnapshot) {
         m_picSnapshot->hide();
         m_cboGroupList->setGeometry(5, 5, width - 10, m_cboGroupList->sizeHint().height());
         m_lstGameList->setGeometry(5, 33, width - 10, height - 38);
-    } else if (m_state.Options.Snapshots_Show == 1) {
+    } else {
         m_picSnapshot->show();
         m_picSnapshot->move(width - m_picSnapshot->width() - 5, 5);
         const int left = m_picSnapshot->x();

@@ -11,6 +11,7 @@ class QMenu;
 class QStatusBar;
 class RomMenu;
 struct AppState;
+struct ScanReport;
 
 // The main window: the group selector, the selected group's games, the selected
 // game's snapshot, the menus, and the load and close sequences.
@@ -56,6 +57,7 @@ private:
     void ShowNoSnapshot();
     bool ShowPicture(const QString& path);
     void UpdateStatusBar();
+    void ShowScanReport(const ScanReport& report);
     void mnuOptions_GroupManager_Click();
     void SaveEverythingBusy();
     void ApplyPlacement();
@@ -71,12 +73,15 @@ private:
     CloseReason m_closeReason = FormControlMenu;
     bool m_loaded = false;
     bool m_closed = false;
+    // The layout that an odd snapshot setting keeps: the last one applied.
+    bool m_layoutWithSnapshot = true;
 
     QWidget* m_inner = nullptr;
     QComboBox* m_cboGroupList = nullptr;
     QListWidget* m_lstGameList = nullptr;
     QLabel* m_picSnapshot = nullptr;
     QStatusBar* m_stbStatusBar = nullptr;
+    QLabel* m_lblScanReport = nullptr;
     QMenu* m_mnuDevMenu = nullptr;
     RomMenu* m_romMenu = nullptr;
 };
