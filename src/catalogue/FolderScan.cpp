@@ -6,7 +6,6 @@
 #include "launch/PathResolver.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -36,12 +35,6 @@ bool IsGameFile(const QString& name) {
     });
 }
 
-// A name the system could not decode is listed with U+FFFD in it, and no path made
-// from that text names the file again.
-bool IsUndecodable(const QString& folder, const QString& name) {
-    return name.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(folder + name);
-}
-
 struct FolderListing {
     QStringList Files;
     QStringList LeftOut; // log lines, written after the folder's own line
@@ -50,7 +43,7 @@ struct FolderListing {
 
 // The folder's game files sorted by name without regard to case, hidden files left
 // out. Of names that differ only in letter case, which the catalogue cannot tell
-// apart, the first in sorted order stays: the one the path resolver picks.
+// apart, one stays: the file that the path resolver finds for them.
 FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
     FolderListing listing;
     const QString resolved =
@@ -61,7 +54,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
     for (const PathResolver::Entry& entry : resolver.Entries(resolved)) {
         if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name))
             continue;
-        if (IsUndecodable(resolved, entry.Name)) {
+        if (entry.IsUndecodable) {
             ++listing.Report.LeftOutNames;
             listing.LeftOut.append(
                 QStringLiteral("Left out a file whose name is not valid UTF-8: ") + entry.Name);
@@ -70,15 +63,24 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
         games.emplace_back(entry.Name.toLower(), entry.Name);
     }
     std::sort(games.begin(), games.end());
-    for (std::size_t i = 0; i < games.size(); ++i) {
-        if (i > 0 && games[i].first == games[i - 1].first) {
+    for (auto group = games.begin(); group != games.end();) {
+        const auto end = std::find_if(
+            group, games.end(), [&group](const auto& game) { return game.first != group->first; });
+        // The one the resolver opens for the catalogue's lower-case name: that name
+        // itself when it exists, otherwise the first in sorted order.
+        const auto kept =
+            std::find_if(group, end, [](const auto& game) { return game.first == game.second; });
+        const QString& name = (kept != end ? kept : group)->second;
+        listing.Files.append(name);
+        for (auto twin = group; twin != end; ++twin) {
+            if (twin->second == name)
+                continue;
             ++listing.Report.LeftOutCaseTwins;
-            listing.LeftOut.append(QStringLiteral("Left out ") + games[i].second +
-                                   QStringLiteral(": same name as ") + listing.Files.last() +
+            listing.LeftOut.append(QStringLiteral("Left out ") + twin->second +
+                                   QStringLiteral(": same name as ") + name +
                                    QStringLiteral(" in other letter case"));
-            continue;
         }
-        listing.Files.append(games[i].second);
+        group = end;
     }
     return listing;
 }

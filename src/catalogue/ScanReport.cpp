@@ -6,8 +6,13 @@
 
 namespace {
 
+// Counts with a thousands separator, whatever the player's locale.
+QString Number(int count) {
+    return QLocale(QLocale::English, QLocale::UnitedStates).toString(count);
+}
+
 QString Files(int count) {
-    return QLocale::c().toString(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
+    return Number(count) + (count == 1 ? QStringLiteral(" file") : QStringLiteral(" files"));
 }
 
 } // namespace
@@ -23,7 +28,7 @@ QString ScanReport::Summary() const {
     QStringList sentences;
     if (LeftOutFull > 0)
         sentences.append(QStringLiteral("The catalogue is full (%1 games): %2 left out.")
-                             .arg(QLocale::c().toString(GameList::Capacity), Files(LeftOutFull)));
+                             .arg(Number(GameList::Capacity), Files(LeftOutFull)));
     if (LeftOutNames > 0)
         sentences.append(Files(LeftOutNames) +
                          QStringLiteral(" left out: the name is not valid UTF-8; rename it."));

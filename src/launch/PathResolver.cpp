@@ -2,7 +2,14 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
+
+#ifdef Q_OS_UNIX
+#include <dirent.h>
+#include <sys/stat.h>
+#endif
 
 namespace {
 
@@ -18,21 +25,62 @@ QString WithForwardSlashes(const QString& path) {
 
 } // namespace
 
+#ifdef Q_OS_UNIX
+
+// readdir() rather than QDirIterator, which passes over names that are not valid
+// UTF-8 without a word; the player must hear of those files.
+QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
+    QList<Entry> entries;
+    const QByteArray path = QFile::encodeName(folder.isEmpty() ? QStringLiteral(".") : folder);
+    DIR* dir = ::opendir(path.constData());
+    if (!dir)
+        return entries;
+    while (const dirent* entry = ::readdir(dir)) {
+        const QByteArrayView raw(entry->d_name);
+        if (raw == "." || raw == "..")
+            continue;
+        QStringDecoder utf8(QStringDecoder::Utf8);
+        const QString name = utf8(raw);
+        bool isFile = entry->d_type == DT_REG;
+        if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {
+            struct stat target {};
+            isFile =
+                ::fstatat(::dirfd(dir), entry->d_name, &target, 0) == 0 && S_ISREG(target.st_mode);
+        }
+        entries.append({name, isFile, raw.startsWith('.'), utf8.hasError()});
+    }
+    ::closedir(dir);
+    return entries;
+}
+
+#else
+
+QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
+    QList<Entry> entries;
+    QDirIterator it(folder.isEmpty() ? QStringLiteral(".") : folder,
+                    QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    while (it.hasNext()) {
+        it.next();
+        const QFileInfo info = it.fileInfo();
+        entries.append({info.fileName(), info.isFile(), info.isHidden(), false});
+    }
+    return entries;
+}
+
+#endif
+
 const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
     auto it = m_listings.find(folder);
     if (it == m_listings.end()) {
         Listing listing;
-        QDirIterator entries(folder.isEmpty() ? QStringLiteral(".") : folder,
-                             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-        while (entries.hasNext()) {
-            entries.next();
-            const QFileInfo info = entries.fileInfo();
-            const QString name = info.fileName();
-            listing.Entries.append({name, info.isFile(), name.startsWith(QLatin1Char('.'))});
-            listing.Names.insert(name);
-            QString& first = listing.ByLowerName[name.toLower()];
-            if (first.isEmpty() || name < first)
-                first = name;
+        listing.Entries = ReadFolder(folder);
+        for (const Entry& entry : std::as_const(listing.Entries)) {
+            if (entry.IsUndecodable)
+                continue;
+            listing.Names.insert(entry.Name);
+            QString& first = listing.ByLowerName[entry.Name.toLower()];
+            if (first.isEmpty() || entry.Name < first)
+                first = entry.Name;
         }
         it = m_listings.insert(folder, listing);
     }

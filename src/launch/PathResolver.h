@@ -24,6 +24,9 @@ public:
         QString Name;
         bool IsFile = false; // a regular file, or a link to one
         bool IsHidden = false;
+        // The name is not valid UTF-8: Name shows it with U+FFFD, and no path made
+        // from that text reaches the file.
+        bool IsUndecodable = false;
     };
     // The entries of a resolved folder (ending in a separator), listed once per
     // resolver and kept for the later resolutions in it.
@@ -37,6 +40,7 @@ private:
     };
 
     const Listing& ListFolder(const QString& folder);
+    static QList<Entry> ReadFolder(const QString& folder);
     // The folder's entry that name means, or an empty text.
     QString Match(const QString& folder, const QString& name);
     QString ResolveFolder(const QString& folder);

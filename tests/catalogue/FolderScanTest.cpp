@@ -1,6 +1,12 @@
 #include "catalogue/FolderScan.h"
 #include "app/Progress.h"
+#include "app/Startup.h"
+#include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
+
+#include <QFile>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -80,14 +86,54 @@ TEST_F(FolderScanTest, TheThousandAndFirstFileStopsTheScanAndKeepsTheRest) {
     m_state.GameFolders.AddGameFolder(TempPath("many/"));
     m_state.GameFolders.AddGameFolder(TempPath("more/"));
     Progress noProgress;
-    RebuildGameList(m_state, noProgress);
+    const ScanReport report = RebuildGameList(m_state, noProgress);
 
+    EXPECT_EQ(report.LeftOutFull, 2);
+    EXPECT_EQ(report.Summary(), "The catalogue is full (1,000 games): 2 files left out.");
     EXPECT_EQ(m_state.Games.Count(), GameList::Capacity);
     EXPECT_EQ(Record(999).Filename, "g0999.smc");
     EXPECT_EQ(m_state.GameFolders.Entries[0].RomCount, 1001);
     for (const char* folder : {"many/", "more/"})
         EXPECT_TRUE(LogText().contains(QString::fromLatin1(folder) +
                                        "...\r\nError #9 accured in GameList_ImportFileList\r\n"));
+}
+
+TEST_F(FolderScanTest, NamesTheStoreCannotHoldGiveStableRecordsOverRestarts) {
+    const QString folder = MakeFolder("Odd Names") + '/';
+    // Of three names in other letter case, the catalogue's own lower-case name stays.
+    const QByteArray twin = SnesImageBuilder::ValidLoRomWithCopierHeader("WRONG TWIN");
+    WriteFile("Odd Names/GAME.sfc", twin);
+    WriteFile("Odd Names/game.sfc", SnesImageBuilder::ValidLoRomWithCopierHeader("STAR FX 2"));
+    WriteFile("Odd Names/Game.SFC", twin);
+    WriteFile("Odd Names/semi;colon;x.smc", "no header");
+    const QByteArray latin = QFile::encodeName(folder) + "latin\xe9.smc";
+    ::close(::open(latin.constData(), O_CREAT | O_WRONLY, 0644));
+
+    for (int start = 1; start <= 3; ++start) {
+        EventLog::Reset();
+        EnableLog();
+        AppState state;
+        state.GameFolders.AddGameFolder(folder);
+        Progress noProgress;
+        const ScanReport report = RebuildGameList(state, noProgress);
+        SaveEverything(state);
+
+        ASSERT_EQ(state.Games.Count(), 2) << "start " << start;
+        const GameRecord& game = state.Games.Records[0];
+        const GameRecord& semi = state.Games.Records[1];
+        EXPECT_EQ(game.Caption, "Star FX 2");
+        EXPECT_EQ(QStringList({semi.Caption, semi.Group, semi.Emulator, semi.Profile}),
+                  QStringList({"*semi colon x.smc", "Ungrouped", "Default", "Default"}));
+        EXPECT_EQ(state.GameFolders.Entries[0].RomCount, 2);
+        EXPECT_EQ(report.LeftOutCaseTwins, 2);
+        EXPECT_EQ(report.LeftOutNames, 1);
+        for (const char* left : {"GAME.sfc", "Game.SFC"})
+            EXPECT_TRUE(LogText().contains("\r\nLeft out " + QString::fromLatin1(left) +
+                                           ": same name as game.sfc in other letter case"));
+        EXPECT_TRUE(LogText().contains(
+            "\r\nLeft out a file whose name is not valid UTF-8: latin\uFFFD.smc"));
+    }
+    ::unlink(latin.constData()); // the temporary folder cannot name it either
 }
 
 } // namespace

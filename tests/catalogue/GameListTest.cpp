@@ -69,6 +69,37 @@ TEST_F(GameListTest, TagDuplicatesNumbersLaterCopiesInOrder) {
     EXPECT_EQ(Captions().last(), "zelda");
 }
 
+// Every record compared with every later one, captions as they stand when reached.
+QStringList TaggedPairwise(QStringList captions) {
+    for (int i = 0; i + 1 < captions.size(); ++i) {
+        const QString caption = captions[i].toLower();
+        int copy = 2;
+        for (int j = i + 1; j < captions.size(); ++j) {
+            if (captions[j].toLower() == caption)
+                captions[j] += QStringLiteral(" (%1)").arg(copy++);
+        }
+    }
+    return captions;
+}
+
+TEST_F(GameListTest, TaggingGivesWhatComparingEveryPairGives) {
+    // Few distinct captions, some of which look like tagged ones, so that tags
+    // collide with captions further down the list.
+    const QStringList pool{"a", "A", "a (2)", "A (3)", "a (2) (2)", "b", "b (2)", "B (2) (2)"};
+    quint32 seed = 7;
+    for (int round = 0; round < 40; ++round) {
+        m_state.Games.ClearGameList();
+        QStringList captions;
+        for (int i = 0; i < 1 + round * 5; ++i) {
+            seed = seed * 1103515245u + 12345u;
+            captions << pool[static_cast<int>((seed >> 16) % pool.size())];
+            AddGame(captions.last(), QString::number(i));
+        }
+        m_state.Games.TagDuplicates();
+        ASSERT_EQ(Captions(), TaggedPairwise(captions)) << "round " << round;
+    }
+}
+
 TEST_F(GameListTest, StoreHoldsFourOrSixFieldsAndImportLaysThemOver) {
     m_state.Store.Write(m_section, "gone.smc", "Gone;Ungrouped;Default;Default");
     AddGame("Plain", "plain.smc");
@@ -89,7 +120,8 @@ TEST_F(GameListTest, StoreHoldsFourOrSixFieldsAndImportLaysThemOver) {
     m_state.Store.Write(m_section, "full.zip", "Full;rpg;ZSnes;Basic;full.smc;Full.SMC");
     m_state.Store.Write(m_section, "short.smc", "Short;RPG");
     m_state.Store.Write(m_section, "lost.smc", "X;NoSuchGroup;Default;Default");
-    for (const char* name : {"full.zip", "short.smc", "lost.smc", "unread.smc"})
+    m_state.Store.Write(m_section, "nogroup.smc", "Y;;Default;Default");
+    for (const char* name : {"full.zip", "short.smc", "lost.smc", "nogroup.smc", "unread.smc"})
         AddGame(name, name);
     ImportGameList(m_state, "ini", "list.txt", m_noProgress);
     EXPECT_EQ(Captions().first(), "full.zip");
@@ -97,8 +129,9 @@ TEST_F(GameListTest, StoreHoldsFourOrSixFieldsAndImportLaysThemOver) {
     EXPECT_EQ(Fields(0), "Full;rpg;ZSnes;Basic;full.smc;Full.SMC");
     EXPECT_EQ(Fields(1), "Short;RPG;;;;");
     EXPECT_EQ(Fields(2), "X;Ungrouped;Default;Default;;");
+    EXPECT_EQ(Fields(3), "Y;Ungrouped;Default;Default;;"); // an empty group is no group
     // Nothing stored and no file to read: the caption marks the unreadable title.
-    EXPECT_EQ(Fields(3), "*unread.smc;Ungrouped;Default;Default;;");
+    EXPECT_EQ(Fields(4), "*unread.smc;Ungrouped;Default;Default;;");
 }
 
 TEST_F(GameListTest, TextExportListsEachFolderWithNumberedPaddedCaptions) {

@@ -1,9 +1,15 @@
 #include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
 
+#include "config/StoreWriterLock.h"
+
+#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QTest>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -69,6 +75,73 @@ TEST_F(CliTest, InfoPrintsTheHeaderAndGoesOnPastMissingFiles) {
     const CliResult text = Run({"info", rom});
     EXPECT_EQ(text.ExitCode, 0);
     EXPECT_TRUE(text.Out.contains("Title:      SUPER MARIOWORLD\n"));
+
+    // A title padded with zero bytes reaches the terminal without them.
+    const QString padded =
+        WriteFile("Padded.smc",
+                  SnesImageBuilder().Title(QByteArray("PAD\0\0\0ED", 8)).CopierHeader().Build());
+    const CliResult shown = Run({"info", padded});
+    EXPECT_EQ(shown.ExitCode, 0);
+    EXPECT_FALSE(shown.Out.contains(QChar(0)));
+    EXPECT_TRUE(shown.Out.contains("Title:      PAD\uFFFD\uFFFD\uFFFDED\n"))
+        << shown.Out.toStdString();
+
+    QFile::setPermissions(rom, QFileDevice::Permissions());
+    if (::geteuid() != 0) { // permissions do not bind the superuser
+        const CliResult unreadable = Run({"info", rom});
+        EXPECT_EQ(unreadable.ExitCode, 1);
+        EXPECT_TRUE(unreadable.Err.contains("Mario.SMC: Permission denied"))
+            << unreadable.Err.toStdString();
+        EXPECT_EQ(unreadable.Out, "");
+    }
+}
+
+TEST_F(CliTest, CommandsThatWriteWaitForTheWindowToCloseAndNothingIsLost) {
+    ASSERT_EQ(Run({"groups", "add", "Before"}).ExitCode, 0);
+    QProcess window;
+    window.start(QStringLiteral(LUMBRA_GUI_PATH), QStringList());
+    StoreWriterLock probe(m_state.Store, StoreWriterLock::Holder::Command);
+    const auto windowHoldsTheStore = [&probe] {
+        const bool free = probe.TryAcquire(0);
+        probe.Release();
+        return !free;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(windowHoldsTheStore, 120000));
+
+    const CliResult refused = Run({"groups", "add", "During"});
+    EXPECT_EQ(refused.ExitCode, 1);
+    EXPECT_TRUE(refused.Err.contains(
+        QStringLiteral("Lumbra is running (process %1); close it first").arg(window.processId())))
+        << refused.Err.toStdString();
+    EXPECT_EQ(Run({"groups", "list"}).Out, "Ungrouped\nBefore\n"); // reading goes on
+
+    window.terminate(); // as the task list ends it: it saves and ends normally
+    ASSERT_TRUE(window.waitForFinished(120000));
+    EXPECT_EQ(window.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(window.exitCode(), 0);
+    EXPECT_EQ(Run({"groups", "add", "After"}).ExitCode, 0);
+
+    // The empty lock that a save killed halfway leaves behind holds up nothing.
+    QFile lock(m_state.Store.FilePath() + ".lock");
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.close();
+    EXPECT_EQ(Run({"groups", "add", "Later"}).ExitCode, 0);
+    EXPECT_EQ(Run({"groups", "list"}).Out, "Ungrouped\nBefore\nAfter\nLater\n");
+}
+
+TEST_F(CliTest, ScanSaysWhichFilesItLeftOut) {
+    for (int i = 0; i <= GameList::Capacity; ++i)
+        WriteFile(QStringLiteral("Many/g%1.smc").arg(i, 4, 10, QLatin1Char('0')));
+    const QByteArray latin = QFile::encodeName(TempPath("Many/")) + "latin\xe9.smc";
+    ::close(::open(latin.constData(), O_CREAT | O_WRONLY, 0644));
+    ASSERT_EQ(Run({"folders", "add", TempPath("Many")}).ExitCode, 0);
+
+    const CliResult scan = Run({"scan"});
+    EXPECT_EQ(scan.ExitCode, 0);
+    EXPECT_EQ(scan.Out, "Scanned 1000 games in 1 folder.\n");
+    EXPECT_EQ(scan.Err, "lumbra-cli: The catalogue is full (1,000 games): 1 file left out. 1 file "
+                        "left out: the name is not valid UTF-8; rename it.\n");
+    ::unlink(latin.constData());
 }
 
 TEST_F(CliTest, ListBuildsTheCatalogueAsTheMainWindowDoes) {

@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
@@ -184,6 +185,44 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
     m_window->Form_Resize();
     EXPECT_FALSE(picture->isVisible());
     EXPECT_EQ(list->width(), inner - 10);
+}
+
+TEST_F(MainWindowTest, OddStoredValuesAndAFullCatalogueLeaveAUsableWindow) {
+    const QString folder = MakeFolder("Full") + '/';
+    for (int i = 0; i <= GameList::Capacity; ++i)
+        WriteFile(QStringLiteral("Full/g%1.smc").arg(i, 4, 10, QLatin1Char('0')));
+    const QString huge(10 * 1024 * 1024, QLatin1Char('W'));
+    m_state.Store.Write("Game List\\" + folder.toLower(), "g0001.smc", huge + ";Ungrouped");
+    m_state.Store.Write("Folders\\Game Folders", "00", folder);
+    m_state.Store.Write("Settings", "Snapshots_Show", "7");
+    m_state.Store.Sync();
+    Start();
+
+    // An unknown snapshot setting keeps the layout with the picture.
+    auto* picture = Control<QLabel>("picSnapshot");
+    auto* list = Control<QListWidget>("lstGameList");
+    for (const QSize size : {QSize(700, 500), QSize(640, 420)}) {
+        m_window->resize(size);
+        QCoreApplication::processEvents();
+        const QWidget* inner = m_window->centralWidget();
+        EXPECT_TRUE(picture->isVisible());
+        EXPECT_EQ(picture->x(), inner->width() - picture->width() - 5);
+        EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, inner->height() - 38));
+    }
+
+    // A caption of ten million characters is listed short and still finds its game.
+    ASSERT_EQ(list->count(), GameList::Capacity);
+    EXPECT_LT(list->item(1)->text().size(), 1000);
+    EXPECT_TRUE(list->item(1)->text().startsWith("WWW"));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(1)).center());
+    const QString status = m_window->statusBar()->currentMessage();
+    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc")) << status.toStdString();
+
+    // The file that found no place is named in the status bar.
+    auto* report = Control<QLabel>("lblScanReport");
+    EXPECT_TRUE(report->isVisible());
+    EXPECT_EQ(report->text(), "The catalogue is full (1,000 games): 1 file left out.");
 }
 
 TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {

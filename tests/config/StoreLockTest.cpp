@@ -1,0 +1,87 @@
+#include "app/Startup.h"
+#include "config/AbandonedLock.h"
+#include "config/StoreWriterLock.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFixtures.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFile>
+#include <QLockFile>
+
+namespace {
+
+using StoreLockTest = LumbraTest;
+
+QByteArray FileBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+TEST_F(StoreLockTest, ASaveWritesTheFileOnceWhenItsBatchEnds) {
+    const QString path = m_state.Store.FilePath();
+    {
+        const SettingsStore::Batch save(m_state.Store);
+        m_state.Store.Write("Group List", "00", "Puzzle");
+        m_state.Store.Sync();
+        {
+            const SettingsStore::Batch inner(m_state.Store);
+            m_state.Store.Write("Settings", "DefaultGroup", "Puzzle");
+            m_state.Store.Sync();
+        }
+        EXPECT_FALSE(FileBytes(path).contains("Puzzle"));
+    }
+    EXPECT_TRUE(FileBytes(path).contains("00=Puzzle"));
+    EXPECT_TRUE(FileBytes(path).contains("DefaultGroup=Puzzle"));
+}
+
+TEST_F(StoreLockTest, OnlyLocksThatNoLiveProcessHoldsAreRemoved) {
+    const QString lockPath = TempPath("store.lock");
+    const auto writeLock = [&lockPath](const QByteArray& bytes, qint64 ageSeconds) {
+        QFile file(lockPath);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.setFileTime(QDateTime::currentDateTime().addSecs(-ageSeconds),
+                         QFileDevice::FileModificationTime);
+    };
+    writeLock("", 0); // just left empty by a kill
+    RemoveAbandonedLock(lockPath);
+    EXPECT_FALSE(QFile::exists(lockPath));
+    writeLock("", 3600);
+    RemoveAbandonedLock(lockPath);
+    EXPECT_FALSE(QFile::exists(lockPath));
+    writeLock("2147483000\nlumbra\nelsewhere\n", 0); // its owner has gone
+    RemoveAbandonedLock(lockPath);
+    EXPECT_FALSE(QFile::exists(lockPath));
+
+    QLockFile held(lockPath);
+    ASSERT_TRUE(held.tryLock(0));
+    RemoveAbandonedLock(lockPath);
+    EXPECT_TRUE(QFile::exists(lockPath));
+}
+
+TEST_F(StoreLockTest, TheWindowWritesAloneAndSaysSoToASecondWindow) {
+    StoreWriterLock window(m_state.Store, StoreWriterLock::Holder::Window);
+    ASSERT_TRUE(window.TryAcquire(0));
+    StoreWriterLock command(m_state.Store, StoreWriterLock::Holder::Command);
+    EXPECT_FALSE(command.TryAcquire()); // a window is not waited for
+    EXPECT_EQ(command.HeldBy(), StoreWriterLock::Holder::Window);
+    EXPECT_EQ(command.HolderProcess(), QCoreApplication::applicationPid());
+
+    ScriptedPrompts prompts;
+    StoreWriterLock second(m_state.Store, StoreWriterLock::Holder::Window);
+    EXPECT_FALSE(ClaimStoreForWindow(second, prompts));
+    ASSERT_EQ(prompts.AskedTexts().size(), 1);
+    EXPECT_TRUE(prompts.AskedTexts().first().startsWith(
+        QStringLiteral("Lumbra is already running (process %1).")
+            .arg(QCoreApplication::applicationPid())));
+
+    window.Release();
+    EXPECT_TRUE(command.TryAcquire(0));
+    EXPECT_FALSE(second.TryAcquire(0));
+    EXPECT_EQ(second.HeldBy(), StoreWriterLock::Holder::Command);
+    command.Release();
+    EXPECT_TRUE(ClaimStoreForWindow(second, prompts));
+}
+
+} // namespace
