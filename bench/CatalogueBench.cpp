@@ -5,8 +5,8 @@
 //   lumbra-bench rebuild DIR   rebuild once with the store as it is, store the
 //                              result, and print the time and the peak memory
 //
-// bench/run.sh drives both, with and without stored data, and counts the
-// file-system calls with strace.
+// bench/run.sh drives both, and times the rebuild with and without stored data
+// beside the file-system floor (lumbra-floor-scan).
 #include "app/AppState.h"
 #include "app/Progress.h"
 #include "app/Startup.h"

@@ -1,41 +1,129 @@
 #!/bin/sh
-# Times Lumbra's catalogue with 1,000 games in 10 folders:
-#  1. the rebuild with an empty store (every caption read from the game's header),
-#  2. the rebuild with every game's data stored,
-#  3. the real program from process start to its filled game list, on Xvfb.
-# Each rebuild runs once under strace to count file-system calls per game.
+# Times Lumbra with 1,000 games in 10 folders against the floor of its work, as
+# whole processes with a warm page cache, and prints each figure beside its floor:
+#   cold scan  lumbra-cli scan with only the folders stored: every caption read from a header
+#   warm list  lumbra-cli list with the game list stored by a scan
+#   window     lumbra from exec to its main window mapped on Xvfb, which it maps only
+#              once the game list is filled
+# The file-system floor (lumbra-floor-scan) lists the folders and reads the header
+# bytes, nothing else; the Qt floor (lumbra-floor-window) maps a QMainWindow holding a
+# QListWidget of 1,000 lines. After one warm-up each, Lumbra and its floor take turns
+# BENCH_RUNS times (21 unless set): times are medians, peaks the highest max RSS.
+# Then where the time goes: start-up alone, the rebuild alone (timed inside
+# lumbra-bench and inside the floor), and the file-system calls per game (strace).
 set -eu
 build=${1:-build}
-bench="$build/bench/lumbra-bench"
+runs=${BENCH_RUNS:-21}
+bin="$build/bench"
 cli="$build/src/lumbra-cli"
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+xvfb=
+cleanup() {
+    [ -z "$xvfb" ] || kill "$xvfb"
+    rm -rf "$work"
+}
+trap cleanup EXIT
 export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" XDG_CACHE_HOME="$work/cache"
+export XDG_RUNTIME_DIR="$work/runtime"
+mkdir -m 700 "$XDG_RUNTIME_DIR"
 
-"$bench" prepare "$work/games" >/dev/null
-calls() { # file-system calls per game of one rebuild
-    strace -f -c -o "$work/strace" -e trace=%file,%desc "$bench" rebuild "$work/games" >/dev/null
-    awk '/^[ 0-9.]+ total$/ || / total$/ { print $(NF-2) }' "$work/strace" | tail -n 1 |
-        awk '{ printf "%.1f", $1 / 1000 }'
+# The settings stores that runs start from: empty, the folders only, a scanned list.
+save_store() { cp -a "$XDG_CONFIG_HOME" "$work/$1.store"; }
+use_store() {
+    rm -rf "$XDG_CONFIG_HOME"
+    cp -a "$work/$1.store" "$XDG_CONFIG_HOME"
+}
+"$bin/lumbra-bench" prepare "$work/games" >/dev/null
+mkdir -p "$XDG_CONFIG_HOME"
+save_store empty
+for folder in "$work/games"/*; do "$cli" folders add "$folder" >/dev/null; done
+save_store folders
+"$cli" scan >/dev/null
+save_store scanned
+use_store empty
+"$bin/lumbra-bench" rebuild "$work/games" >/dev/null # the list as the rebuild stores it
+save_store rebuilt
+
+# One run each; every one prints "MILLISECONDS PEAK_KIB".
+in_process() { awk '{ for (i = 2; i <= NF; ++i) if ($i == "ms;") print $(i - 1), $(NF - 1) * 1024 }'; }
+cold_scan() { use_store folders && "$bin/lumbra-bench-time" "$cli" scan; }
+warm_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" list; }
+scan_floor() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan" "$work/games"/*; }
+window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; }
+window_floor() { "$bin/lumbra-bench-mapwait" "Qt Floor" "$bin/lumbra-floor-window"; }
+cli_start() { "$bin/lumbra-bench-time" "$cli" --help; }
+floor_start() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan"; }
+cold_rebuild() { use_store empty && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
+warm_rebuild() { use_store rebuilt && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
+floor_inside() { "$bin/lumbra-floor-scan" "$work/games"/* | in_process; }
+
+# turns NAME LUMBRA FLOOR: a warm-up of each, then $runs runs taking turns, into
+# $work/NAME.lumbra and $work/NAME.floor.
+turns() {
+    $2 >/dev/null
+    $3 >/dev/null
+    : >"$work/$1.lumbra"
+    : >"$work/$1.floor"
+    run=0
+    while [ "$run" -lt "$runs" ]; do
+        $2 >>"$work/$1.lumbra"
+        $3 >>"$work/$1.floor"
+        run=$((run + 1))
+    done
+}
+median() { cut -d' ' -f1 "$1" | sort -n | awk '{ v[NR] = $1 }
+    END { print NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
+peak() { cut -d' ' -f2 "$1" | sort -n | tail -n 1; }
+
+# report LABEL NAME [RATIO_TARGET [PEAK_TARGET_MIB]]
+report() {
+    awk -v label="$1:" -v time="$(median "$work/$2.lumbra")" -v floor="$(median "$work/$2.floor")" \
+        -v kib="$(peak "$work/$2.lumbra")" -v floor_kib="$(peak "$work/$2.floor")" \
+        -v target="${3:-}" -v peak_target="${4:-}" 'BEGIN {
+        printf "%-13s %7.1f ms   floor %6.1f ms   ratio %6.2fx", label, time, floor, time / floor
+        if (target != "") printf "   (target <= %sx)", target
+        printf "   peak %5.1f MiB", kib / 1024
+        if (peak_target != "") printf " (target < %s MiB)", peak_target
+        printf "   floor peak %.1f MiB\n", floor_kib / 1024
+    }'
 }
 
-rm -rf "$XDG_CONFIG_HOME"
-echo "cold (captions from headers): $("$bench" rebuild "$work/games")"
-rm -rf "$XDG_CONFIG_HOME"
-echo "  file-system calls per game: $(calls)"
-echo "warm (all data stored):       $("$bench" rebuild "$work/games")"
-echo "  file-system calls per game: $(calls)"
+Xvfb -displayfd 3 -nolisten tcp -screen 0 1024x768x24 3>"$work/display" 2>/dev/null &
+xvfb=$!
+wait_ticks=0
+until [ -s "$work/display" ]; do
+    [ "$wait_ticks" -lt 100 ] || { echo "Xvfb did not start" >&2 && exit 1; }
+    sleep 0.1
+    wait_ticks=$((wait_ticks + 1))
+done
+export DISPLAY=":$(cat "$work/display")"
 
-# The real program: game folders stored, then process start to mapped window,
-# which Lumbra shows only after its list is filled.
-for folder in "$work/games"/*; do "$cli" folders add "$folder" >/dev/null; done
-"$cli" scan >/dev/null
-xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
-    start=$(date +%s%N)
-    "$0" & pid=$!
-    window=$(xdotool search --sync --onlyvisible --name "^Lumbra$" | head -n 1)
-    end=$(date +%s%N)
-    echo "start to filled list (1,000 games, real window): $(( (end - start) / 1000000 )) ms"
-    xdotool windowfocus --sync "$window" key --window "$window" alt+o
-    sleep 0.3; xdotool key x; wait $pid
-' "$build/src/lumbra" 2>/dev/null
+turns cold_scan cold_scan scan_floor
+turns warm_list warm_list scan_floor
+turns window window window_floor
+turns start cli_start floor_start
+turns cold_rebuild cold_rebuild floor_inside
+turns warm_rebuild warm_rebuild floor_inside
+
+echo "Lumbra against the floor of its work: 1,000 games in 10 folders, warm page cache."
+echo "Whole processes, medians of $runs runs taking turns with the floor; peak = highest max RSS."
+report "cold scan" cold_scan 2.0 15
+report "warm list" warm_list 1.5 15
+report "window" window 1.3
+echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, the floor with no"
+echo "folder), then the rebuild alone, timed inside lumbra-bench and inside the floor."
+report "start-up" start
+report "cold rebuild" cold_rebuild
+report "warm rebuild" warm_rebuild
+
+calls() { # file-system calls per game of one whole process
+    strace -f -c -o "$work/strace" -e trace=%file,%desc "$@" >/dev/null
+    awk '$NF == "total" { printf "%.1f", $4 / 1000 }' "$work/strace"
+}
+use_store folders
+scan_calls=$(calls "$cli" scan)
+use_store scanned
+list_calls=$(calls "$cli" list)
+floor_calls=$(calls "$bin/lumbra-floor-scan" "$work/games"/*)
+echo "File-system calls per game (strace, whole process):" \
+    "cold scan $scan_calls   warm list $list_calls   floor $floor_calls"

@@ -64,7 +64,8 @@ bool StoreWriterLock::TryOnce() {
     if (m_fd >= 0)
         return true;
     // Close-on-exec: an emulator started from Lumbra must not inherit the lock.
-    const int fd = ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const int fd =
+        ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (fd < 0)
         return false;
     if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
@@ -88,7 +89,6 @@ void StoreWriterLock::Release() {
     ::close(m_fd);
     m_fd = -1;
 }
-
 
 void StoreWriterLock::ReadHolder() {
     m_heldBy = Holder::Command;
