@@ -35,11 +35,12 @@ QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
     DIR* dir = ::opendir(path.constData());
     if (!dir)
         return entries;
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     while (const dirent* entry = ::readdir(dir)) {
         const QByteArrayView raw(entry->d_name);
         if (raw == "." || raw == "..")
             continue;
-        QStringDecoder utf8(QStringDecoder::Utf8);
+        utf8.resetState();
         const QString name = utf8(raw);
         bool isFile = entry->d_type == DT_REG;
         if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {

@@ -5,6 +5,10 @@
 
 #include <QFile>
 #include <QIODevice>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 #include <initializer_list>
 #include <utility>
 
@@ -275,8 +279,19 @@ bool RomFileExists(const QString& filename, PathResolver& resolver) {
 
 QByteArray ReadBytesAt(QIODevice& file, qint64 offset, int count) {
     QByteArray bytes;
-    if (offset < file.size() && file.seek(offset))
+#ifdef Q_OS_UNIX
+    // A game file is read with one pread() a field: no seek, no size check, no buffer.
+    const auto* native = qobject_cast<const QFile*>(&file);
+    if (native && native->handle() >= 0 && offset >= 0) {
+        bytes.resize(count);
+        const ssize_t got = ::pread(native->handle(), bytes.data(), static_cast<size_t>(count),
+                                    static_cast<off_t>(offset));
+        bytes.resize(got > 0 ? static_cast<qsizetype>(got) : 0);
+    } else
+#endif
+        if (offset < file.size() && file.seek(offset)) {
         bytes = file.read(count);
+    }
     bytes.append(count - bytes.size(), '\0');
     return bytes;
 }
