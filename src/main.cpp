@@ -2,13 +2,17 @@
 #include "app/AppTitle.h"
 #include "app/Startup.h"
 #include "config/StoreWriterLock.h"
-#include "launch/Launcher.h"
+#include "launch/LaunchEmu.h"
+#include "launch/RealShell.h"
 #include "launch/TerminationRequests.h"
 #include "ui/QtPrompts.h"
+#include "ui/SnapshotWizardDialogView.h"
 #include "ui/StartLumbra.h"
 #include "ui/frmMain.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -17,19 +21,38 @@ int main(int argc, char** argv) {
     // The program lives as long as the main window, whatever else is open.
     QApplication::setQuitOnLastWindowClosed(false);
 
+    // Watched from the start: a request that comes during the load closes the window
+    // (and saves) as soon as the window is there.
+    frmMain* mainWindow = nullptr;
+    bool closeRequested = false;
+    WatchTerminationRequests([&mainWindow, &closeRequested] {
+        if (mainWindow)
+            mainWindow->CloseFor(frmMain::FormTaskManager);
+        else
+            closeRequested = true;
+    });
+
     AppState state;
     QtPrompts prompts;
     StoreWriterLock storeWriter(state.Store, StoreWriterLock::Holder::Window);
     if (!ClaimStoreForWindow(storeWriter, prompts))
         return 1;
-    PendingLauncher launcher;
+    RealShell shell(prompts, [](const QString& document) {
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(document));
+    });
+    SnapshotWizardDialogView wizardView;
+    EmulatorLauncher launcher(state, prompts, shell, wizardView);
     const std::unique_ptr<frmMain> window =
         StartLumbra(state, prompts, launcher, QApplication::arguments().mid(1));
     prompts.SetParent(window.get());
     QObject::connect(window.get(), &frmMain::Closed, &app, &QApplication::quit);
     QObject::connect(&app, &QGuiApplication::commitDataRequest, window.get(),
                      [&window] { window->CloseFor(frmMain::AppWindows); });
-    WatchTerminationRequests([&window] { window->CloseFor(frmMain::FormTaskManager); });
     window->show();
+    mainWindow = window.get();
+    if (closeRequested) // once the event loop runs, so that its end can be asked for
+        QMetaObject::invokeMethod(
+            window.get(), [&window] { window->CloseFor(frmMain::FormTaskManager); },
+            Qt::QueuedConnection);
     return QApplication::exec();
 }

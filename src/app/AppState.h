@@ -7,6 +7,7 @@
 #include "config/GameFolderList.h"
 #include "config/Settings.h"
 #include "config/SettingsStore.h"
+#include "rom/UnzipState.h"
 
 // Everything the program knows, owned in one place: main() makes one and passes it
 // by reference, and a test makes a fresh one in a line.
@@ -18,4 +19,5 @@ struct AppState {
     GroupList Groups;
     GameList Games;
     PictureTypeTable PictureTypes{};
+    UnzipState Unzip;
 };

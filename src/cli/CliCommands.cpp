@@ -6,6 +6,7 @@
 #include "app/StringHelpers.h"
 #include "catalogue/GroupFilter.h"
 #include "cli/CliLog.h"
+#include "cli/CliSupport.h"
 #include "cli/JsonLine.h"
 #include "config/StoreWriterLock.h"
 #include "launch/PathResolver.h"
@@ -17,59 +18,6 @@
 #include <QFileInfo>
 
 namespace {
-
-const QString Store = QStringLiteral("reg");
-
-int UsageError(CliContext& context, const QString& message) {
-    context.Err << "lumbra-cli: " << message << "\nTry 'lumbra-cli --help'.\n";
-    return ExitUsage;
-}
-
-// Takes a flag out of the arguments; true when it was there.
-bool TakeFlag(QStringList& arguments, const QString& flag) {
-    return arguments.removeAll(flag) > 0;
-}
-
-// Takes "--option VALUE" out of the arguments; false when the value is missing.
-bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
-    const int at = static_cast<int>(arguments.indexOf(option));
-    if (at < 0)
-        return true;
-    if (at + 1 >= arguments.size())
-        return false;
-    value = arguments.at(at + 1);
-    arguments.remove(at, 2);
-    return true;
-}
-
-// A command that changes the store holds its writer lock from before it reads the
-// store until it has written it, so that nothing another writer saved is lost.
-// False, with the reason on standard error, while Lumbra's window runs.
-bool ClaimStore(CliContext& context, StoreWriterLock& lock) {
-    if (lock.TryAcquire())
-        return true;
-    const QString process = lock.HolderProcessText();
-    if (lock.HeldBy() == StoreWriterLock::Holder::Window)
-        context.Err << "lumbra-cli: Lumbra is running" << process
-                    << "; close it first, then try again: it would overwrite this change when "
-                       "it closes.\n";
-    else
-        context.Err << "lumbra-cli: another lumbra-cli command" << process
-                    << " is still changing the settings; try again when it has finished.\n";
-    return false;
-}
-
-// The catalogue as the main window's load builds it; what the scan left out goes
-// to standard error.
-void LoadCatalogue(CliContext& context) {
-    AppState& state = context.State;
-    LoadConfiguration(state);
-    ImportGroupList(state, Store, QString());
-    Progress noProgress;
-    const ScanReport report = RebuildGameList(state, noProgress);
-    if (!report.IsComplete())
-        context.Err << "lumbra-cli: " << report.Summary() << '\n';
-}
 
 // Control characters (a header's padding bytes among them) would garble a terminal.
 QString Printable(QString text) {
@@ -128,12 +76,6 @@ QList<std::pair<QString, QString>> RecordFields(const GameRecord& record) {
             {QStringLiteral("Group"), record.Group},
             {QStringLiteral("Emulator"), record.Emulator},
             {QStringLiteral("Profile"), record.Profile}};
-}
-
-// Reports a refused change with the log's reason.
-int Refused(CliContext& context) {
-    context.Err << "lumbra-cli: " << context.Log.LastLine() << '\n';
-    return ExitFailed;
 }
 
 } // namespace

@@ -22,3 +22,6 @@ int RunList(CliContext& context, const QStringList& arguments);
 int RunScan(CliContext& context, const QStringList& arguments);
 int RunFolders(CliContext& context, const QStringList& arguments);
 int RunGroups(CliContext& context, const QStringList& arguments);
+int RunConfig(CliContext& context, const QStringList& arguments);
+int RunEmulators(CliContext& context, const QStringList& arguments);
+int RunLaunch(CliContext& context, const QStringList& arguments);

@@ -24,6 +24,16 @@ Commands:
   folders add|remove PATH    add or remove a game folder
   groups list                the groups, "Ungrouped" first
   groups add|remove NAME     add or remove a group
+  config list                every setting of the "Settings" and "Folders" sections
+  config get KEY             one setting ("DefaultEmulator", "Snapshot Folder", ...)
+  config set KEY VALUE       change one setting
+  emulators list             the three emulators and their folders
+  emulators set NAME [--folder DIR] [--save-folder DIR] [--profile NAME]
+                             set up an emulator (Nlke, Snes9X or ZSnes)
+  launch --index N | CAPTION play a game as a double click in Lumbra would: message
+                             boxes go to standard error and take their default
+                             answer; after play the new screenshots are listed (or
+                             the first becomes the snapshot, "Snapshots_AutoUse1st")
 
 Options:
   --debug                    write the event log to standard error
@@ -51,11 +61,11 @@ int main(int argc, char** argv) {
     }
 
     using Command = int (*)(CliContext&, const QStringList&);
-    const std::map<QString, Command> commands = {{QStringLiteral("info"), RunInfo},
-                                                 {QStringLiteral("list"), RunList},
-                                                 {QStringLiteral("scan"), RunScan},
-                                                 {QStringLiteral("folders"), RunFolders},
-                                                 {QStringLiteral("groups"), RunGroups}};
+    const std::map<QString, Command> commands = {
+        {QStringLiteral("info"), RunInfo},           {QStringLiteral("list"), RunList},
+        {QStringLiteral("scan"), RunScan},           {QStringLiteral("folders"), RunFolders},
+        {QStringLiteral("groups"), RunGroups},       {QStringLiteral("config"), RunConfig},
+        {QStringLiteral("emulators"), RunEmulators}, {QStringLiteral("launch"), RunLaunch}};
     const QString name = arguments.takeFirst();
     const auto command = commands.find(name);
     if (command == commands.end()) {

@@ -6,6 +6,9 @@
 #include "config/StorageTarget.h"
 #include "launch/OsHelpers.h"
 
+#include <QDir>
+#include <QStandardPaths>
+#include <algorithm>
 #include <limits>
 #include <variant>
 
@@ -14,7 +17,8 @@ namespace {
 const QString FoldersSection = QStringLiteral("Folders");
 const QString SettingsSection = QStringLiteral("Settings");
 const QString MainFormKey = QStringLiteral("MainForm");
-const QString EmulatorDefault = QStringLiteral("c:\\;c:\\;");
+// An emulator's folder and save folder start empty: not set up yet.
+const QString EmulatorDefault = QStringLiteral(";;");
 const QString Delimiter = QStringLiteral(";");
 
 using Member = std::variant<QString Settings::*, qint16 Settings::*>;
@@ -54,19 +58,23 @@ const SettingKey OptionKeys[] = {
     {QLatin1String("Snapshots_UseWizard"), &Settings::Snapshots_UseWizard},
 };
 
+// A whole number of the type written as decimal text, or nothing.
+template <typename Integer> std::optional<Integer> NumberIn(const QString& text) {
+    bool ok = false;
+    const qlonglong value = text.trimmed().toLongLong(&ok, 10);
+    if (!ok || value < std::numeric_limits<Integer>::min() ||
+        value > std::numeric_limits<Integer>::max())
+        return std::nullopt;
+    return static_cast<Integer>(value);
+}
+
 // A number stored as decimal text. Text that is not a number of the type keeps the
 // fallback; an empty text reads as emptyValue.
 template <typename Integer>
 Integer ParseNumber(const QString& text, Integer fallback, Integer emptyValue) {
-    const QString trimmed = text.trimmed();
-    if (trimmed.isEmpty())
+    if (text.trimmed().isEmpty())
         return emptyValue;
-    bool ok = false;
-    const qlonglong value = trimmed.toLongLong(&ok, 10);
-    if (!ok || value < std::numeric_limits<Integer>::min() ||
-        value > std::numeric_limits<Integer>::max())
-        return fallback;
-    return static_cast<Integer>(value);
+    return NumberIn<Integer>(text).value_or(fallback);
 }
 
 void WriteKeys(SettingsStore& store, const QString& section, const Settings& options,
@@ -123,7 +131,77 @@ EmulatorRecord& EmulatorFor(EmulatorTable& emulators, int position) {
     return emulators.Records[index >= 0 ? index : position];
 }
 
+// The entry of a "Folders" or "Settings" key, without regard to case.
+const SettingKey* FindKey(const QString& key) {
+    const auto named = [&key](const SettingKey& entry) {
+        return key.compare(entry.Key, Qt::CaseInsensitive) == 0;
+    };
+    if (const auto* entry = std::find_if(std::begin(FolderKeys), std::end(FolderKeys), named);
+        entry != std::end(FolderKeys))
+        return entry;
+    const auto* entry = std::find_if(std::begin(OptionKeys), std::end(OptionKeys), named);
+    return entry != std::end(OptionKeys) ? entry : nullptr;
+}
+
 } // namespace
+
+QStringList SettingKeys() {
+    QStringList keys;
+    for (const SettingKey& entry : FolderKeys)
+        keys.append(entry.Key);
+    for (const SettingKey& entry : OptionKeys)
+        keys.append(entry.Key);
+    keys.append(MainFormKey);
+    return keys;
+}
+
+std::optional<QString> SettingText(const Settings& options, const QString& key) {
+    if (key.compare(MainFormKey, Qt::CaseInsensitive) == 0)
+        return PlacementText(options.MainForm);
+    const SettingKey* entry = FindKey(key);
+    if (!entry)
+        return std::nullopt;
+    if (const auto* text = std::get_if<QString Settings::*>(&entry->Field))
+        return options.**text;
+    return QString::number(options.*std::get<qint16 Settings::*>(entry->Field));
+}
+
+SettingChange SetSettingText(Settings& options, const QString& key, const QString& text) {
+    if (key.compare(MainFormKey, Qt::CaseInsensitive) == 0) {
+        const QStringList fields = text.split(Delimiter);
+        const bool numbers =
+            fields.size() == 5 && std::all_of(fields.begin(), fields.end(), [](const QString& f) {
+                return NumberIn<qint32>(f).has_value();
+            });
+        if (!numbers)
+            return SettingChange::NotANumber;
+        options.MainForm = ParsePlacement(text);
+        return SettingChange::Done;
+    }
+    const SettingKey* entry = FindKey(key);
+    if (!entry)
+        return SettingChange::UnknownKey;
+    if (const auto* member = std::get_if<QString Settings::*>(&entry->Field)) {
+        options.** member = text;
+        return SettingChange::Done;
+    }
+    const std::optional<qint16> value = NumberIn<qint16>(text);
+    if (!value)
+        return SettingChange::NotANumber;
+    options.*std::get<qint16 Settings::*>(entry->Field) = *value;
+    return SettingChange::Done;
+}
+
+Settings DefaultSettings() {
+    Settings defaults;
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    defaults.SnapshotFolder =
+        AddBackslash(QDir::toNativeSeparators(data + QStringLiteral("/Lumbra/snapshots")));
+    defaults.SPCFolder = AddBackslash(QDir::toNativeSeparators(QDir::homePath()));
+    defaults.ExportFolder = defaults.SPCFolder;
+    defaults.UnzipFolder = GetTempFolder().toLower();
+    return defaults;
+}
 
 void ExportSettings(AppState& state, const QString& target, const QString& path) {
     switch (ParseStorageTarget(target)) {
@@ -169,8 +247,7 @@ void ImportSettings(AppState& state, const QString& target, const QString& path)
     LogEvent(QStringLiteral("Importing Settings from: Registry..."));
     const SettingsStore& store = state.Store;
     Settings& options = state.Options;
-    Settings defaults;
-    defaults.UnzipFolder = GetTempFolder().toLower();
+    const Settings defaults = DefaultSettings();
 
     ReadKeys(store, FoldersSection, options, defaults, std::begin(FolderKeys),
              std::end(FolderKeys));

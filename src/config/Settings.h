@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
+#include <optional>
 
 struct AppState;
 
@@ -20,11 +22,11 @@ struct WindowPlacement {
 // Every global option, with its default. Flags hold check-box states (0 off, 1 on)
 // and keep any other integer as read.
 struct Settings {
-    // Section "Folders"
-    QString SnapshotFolder = QStringLiteral("c:\\");
-    QString SPCFolder = QStringLiteral("c:\\");
-    QString ExportFolder = QStringLiteral("c:\\");
-    QString UnzipFolder; // the temporary folder in lower case, set by the import
+    // Section "Folders": folders of this system, filled in by DefaultSettings()
+    QString SnapshotFolder;
+    QString SPCFolder;
+    QString ExportFolder;
+    QString UnzipFolder;
 
     // Section "Settings"
     QString SPC_App = QStringLiteral("zdspc.exe;");
@@ -48,6 +50,22 @@ struct Settings {
 
     friend bool operator==(const Settings&, const Settings&) = default;
 };
+
+// The settings of a first run. Folders are ones that exist or can be made on this
+// system: snapshots in Lumbra's data folder (made when first written to), exports
+// and SPC files in the home folder, unzipped games in the temporary folder.
+Settings DefaultSettings();
+
+// The settings of the "Folders" and "Settings" sections by their store keys, as
+// lumbra-cli's config command names them (any letter case): "Snapshot Folder",
+// "DefaultEmulator", "MainForm" ... The emulators' own keys are not among them.
+QStringList SettingKeys();
+// The key's value as the store would hold it; nothing for an unknown key.
+std::optional<QString> SettingText(const Settings& options, const QString& key);
+enum class SettingChange { Done, UnknownKey, NotANumber };
+// Numbers must be whole numbers of the setting's range; "MainForm" takes
+// "left;top;width;height;state" in twips.
+SettingChange SetSettingText(Settings& options, const QString& key, const QString& text);
 
 // Move every setting (and the emulators' folders and default profiles) between
 // memory and the store. The file target only logs what it would do.

@@ -15,9 +15,14 @@
 
 namespace {
 
+// White space and double quotes: a short path goes on command lines unquoted.
+const QRegularExpression& Unquotable() {
+    static const QRegularExpression pattern(QStringLiteral("[\\s\"]"));
+    return pattern;
+}
+
 bool IsShortForm(const QString& path) {
-    static const QRegularExpression whiteSpace(QStringLiteral("\\s"));
-    return !path.contains(whiteSpace) && path == path.toLower();
+    return !path.contains(Unquotable()) && path == path.toLower();
 }
 
 // The folder that holds the short-path links: lower case and free of blanks.
@@ -52,8 +57,7 @@ QString GetShortPath(const QString& path) {
         QCryptographicHash::hash(resolved.toUtf8(), QCryptographicHash::Sha1).toHex().left(8));
     const QString folder = ShortLinkRoot() + QLatin1Char('/') + hash;
     QString name = QFileInfo(resolved).fileName().toLower();
-    static const QRegularExpression whiteSpace(QStringLiteral("\\s"));
-    name.replace(whiteSpace, QStringLiteral("_"));
+    name.replace(Unquotable(), QStringLiteral("_"));
     const QString link = folder + QLatin1Char('/') + name;
 
     if (QFileInfo(link).symLinkTarget() == QFileInfo(resolved).absoluteFilePath())

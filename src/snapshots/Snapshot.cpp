@@ -1,5 +1,6 @@
 #include "snapshots/Snapshot.h"
 
+#include "app/PictureTypes.h"
 #include "app/StringHelpers.h"
 #include "launch/OsHelpers.h"
 
@@ -12,8 +13,8 @@ std::optional<QString> FindSnapshot(const QString& fileName, const QString& snap
         EndsWithSeparator(snapshotFolder) ? snapshotFolder : snapshotFolder + QDir::separator();
     const int dot = InStrLast(fileName, QStringLiteral("."));
     const QString base = dot > 0 ? fileName.left(dot - 1) : fileName;
-    for (const char* extension : {".bmp", ".gif", ".jpg"}) {
-        const QString snapshot = GetShortPath(folder + base + QLatin1String(extension));
+    for (const PictureType& type : FillPictureTypes()) {
+        const QString snapshot = GetShortPath(folder + base + QLatin1Char('.') + type.Extension);
         if (!snapshot.isEmpty())
             return snapshot;
     }

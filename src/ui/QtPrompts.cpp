@@ -1,5 +1,6 @@
 #include "ui/QtPrompts.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -27,6 +28,16 @@ QMessageBox::Icon BoxIcon(PromptIcon icon) {
     }
     return QMessageBox::NoIcon;
 }
+
+// A question is answered with the normal pointer, even while the window behind it
+// shows the hourglass (a launch does).
+class NormalPointer {
+public:
+    NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~NormalPointer() { QApplication::restoreOverrideCursor(); }
+    NormalPointer(const NormalPointer&) = delete;
+    NormalPointer& operator=(const NormalPointer&) = delete;
+};
 
 std::optional<QString> Chosen(const QString& path) {
     if (path.isEmpty())
@@ -67,6 +78,7 @@ QString ConvertFileFilter(const QString& filter) {
 
 PromptAnswer QtPrompts::Message(const QString& text, PromptButtons buttons, PromptIcon icon,
                                 const QString& title) {
+    const NormalPointer pointer;
     QMessageBox box(BoxIcon(icon), TitleOr(title), text, QMessageBox::NoButton, m_parent);
     switch (buttons) {
     case PromptButtons::Ok:
@@ -103,6 +115,7 @@ PromptAnswer QtPrompts::Message(const QString& text, PromptButtons buttons, Prom
 
 std::optional<QString> QtPrompts::Input(const QString& prompt, const QString& title,
                                         const QString& proposed) {
+    const NormalPointer pointer;
     bool accepted = false;
     const QString answer = QInputDialog::getText(m_parent, TitleOr(title), prompt,
                                                  QLineEdit::Normal, proposed, &accepted);
@@ -113,16 +126,19 @@ std::optional<QString> QtPrompts::Input(const QString& prompt, const QString& ti
 
 std::optional<QString> QtPrompts::OpenFile(const QString& title, const QString& filter,
                                            const QString& folder) {
+    const NormalPointer pointer;
     return Chosen(
         QFileDialog::getOpenFileName(m_parent, TitleOr(title), folder, ConvertFileFilter(filter)));
 }
 
 std::optional<QString> QtPrompts::SaveFile(const QString& title, const QString& filter,
                                            const QString& proposed) {
+    const NormalPointer pointer;
     return Chosen(QFileDialog::getSaveFileName(m_parent, TitleOr(title), proposed,
                                                ConvertFileFilter(filter)));
 }
 
 std::optional<QString> QtPrompts::BrowseForFolder(const QString& prompt) {
+    const NormalPointer pointer;
     return Chosen(QFileDialog::getExistingDirectory(m_parent, TitleOr(prompt)));
 }

@@ -230,7 +230,16 @@ void frmMain::lstGameList_Click() {
 void frmMain::lstGameList_DblClick() {
     if (!m_lstGameList->currentItem())
         return;
-    m_launcher.LaunchEmu(m_selectedGame);
+    {
+        BusyPointer busy;
+        m_launching = true;
+        m_launcher.LaunchEmu(m_selectedGame);
+        m_launching = false;
+    }
+    if (m_closeAfterLaunch) {
+        CloseFor(*m_closeAfterLaunch);
+        return;
+    }
     lstGameList_Click(); // the snapshot may have changed during play
 }
 
@@ -390,6 +399,13 @@ void frmMain::SaveEverythingBusy() {
 void frmMain::closeEvent(QCloseEvent* event) {
     if (m_closed) {
         event->accept();
+        return;
+    }
+    if (m_launching) {
+        // The end of the session or the task list while a game is played: the
+        // launch finishes first (the wizard included), then the window closes.
+        m_closeAfterLaunch = m_closeReason;
+        event->ignore();
         return;
     }
     if (EventLog::DebugMode()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <optional>
 
 class Launcher;
 class Prompts;
@@ -73,6 +74,9 @@ private:
     CloseReason m_closeReason = FormControlMenu;
     bool m_loaded = false;
     bool m_closed = false;
+    // A close asked for while a game is played waits until the launch returns.
+    bool m_launching = false;
+    std::optional<CloseReason> m_closeAfterLaunch;
     // The layout that an odd snapshot setting keeps: the last one applied.
     bool m_layoutWithSnapshot = true;
 

@@ -1,4 +1,5 @@
 #include "support/SnesImageBuilder.h"
+#include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"
 
 #include "config/StoreWriterLock.h"
@@ -127,6 +128,42 @@ TEST_F(CliTest, CommandsThatWriteWaitForTheWindowToCloseAndNothingIsLost) {
     lock.close();
     EXPECT_EQ(Run({"groups", "add", "Later"}).ExitCode, 0);
     EXPECT_EQ(Run({"groups", "list"}).Out, "Ungrouped\nBefore\nAfter\nLater\n");
+}
+
+TEST_F(CliTest, SetsUpAnEmulatorAndPlaysAGameAsAPlayerWould) {
+    const StandInEmulator snes9x = WriteStandInEmulator(MakeFolder("Emus/Snes 9X"), "snes9x");
+    WriteFile("Games/Star Fox.SMC", SnesImageBuilder::ValidLoRomWithCopierHeader("STAR FOX"));
+    const QList<std::pair<QStringList, int>> runs{
+        {{"folders", "add", TempPath("Games")}, 0},
+        {{"emulators", "set", "snes9x", "--folder", TempPath("emus/snes 9x"), "--save-folder",
+          snes9x.SaveFolder},
+         0},
+        {{"emulators", "set", "Nope", "--folder", TempPath()}, 2},
+        {{"emulators", "set", "ZSnes", "--folder", TempPath("missing")}, 1},
+        {{"emulators", "set", "ZSnes", "--profile", "a;b"}, 1},
+        {{"config", "set", "defaultemulator", "Snes9X"}, 0},
+        {{"config", "set", "Snapshots_AutoUse1st", "1"}, 0},
+        {{"config", "set", "Snapshots_Show", "yes"}, 1},
+        {{"config", "set", "MainForm", "1;2;3"}, 1},
+        {{"config", "set", "NoSuchKey", "1"}, 2},
+        {{"config", "get", "NoSuchKey"}, 2},
+        {{"launch", "Nothing Like It"}, 1},
+        {{"launch"}, 2}};
+    for (const auto& [arguments, exitCode] : runs)
+        EXPECT_EQ(Run(arguments).ExitCode, exitCode) << arguments.join(' ').toStdString();
+    EXPECT_EQ(Run({"config", "get", "DEFAULTEMULATOR"}).Out, "Snes9X\n");
+    EXPECT_TRUE(Run({"config", "list"}).Out.contains("\nSnapshots_AutoUse1st=1\n"));
+    EXPECT_TRUE(Run({"emulators", "list"})
+                    .Out.contains("Snes9X\n  folder:       " + TempPath("Emus/Snes 9X/") + '\n'));
+
+    // The first screenshot of the play becomes the snapshot, in the default folder.
+    const CliResult play = Run({"launch", "star fox"});
+    EXPECT_EQ(play.ExitCode, 0) << play.Err.toStdString();
+    EXPECT_TRUE(snes9x.Ran());
+    EXPECT_TRUE(play.Err.startsWith("lumbra-cli: snes9x ")) << play.Err.toStdString();
+    EXPECT_TRUE(
+        QFile::exists(qEnvironmentVariable("XDG_DATA_HOME") + "/Lumbra/snapshots/star fox.png"));
+    EXPECT_EQ(snes9x.Screenshots(), QStringList());
 }
 
 TEST_F(CliTest, ScanSaysWhichFilesItLeftOut) {

@@ -2,17 +2,22 @@
 #include "launch/OsHelpers.h"
 #include "support/TestFixtures.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <tuple>
 
 TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     m_state.Options.SPC_ShowMenu = 0;
     ImportSettings(m_state, QStringLiteral("reg"), QString());
-    Settings expected;
-    expected.UnzipFolder = GetTempFolder().toLower();
+    Settings expected = DefaultSettings();
     EXPECT_TRUE(m_state.Options == expected);
+    // A first run names no folder that does not exist here, nor a relative "c:\".
+    EXPECT_EQ(expected.SnapshotFolder,
+              qEnvironmentVariable("XDG_DATA_HOME") + "/Lumbra/snapshots/");
+    EXPECT_EQ(expected.ExportFolder, QDir::homePath() + '/');
+    EXPECT_EQ(expected.UnzipFolder, GetTempFolder().toLower());
     for (const EmulatorRecord& e : m_state.Emulators.Records)
-        EXPECT_EQ(e.Folder + "|" + e.SaveFolder + "|" + e.DefaultProfile, "c:\\|c:\\|");
+        EXPECT_EQ(e.Folder + "|" + e.SaveFolder + "|" + e.DefaultProfile, "||"); // not set up
 
     m_state.Store.Write("Settings", "SPC_ShowMenu", "yes");
     m_state.Store.Write("Settings", "Snapshots_Show", "");

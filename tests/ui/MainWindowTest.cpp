@@ -1,6 +1,7 @@
 #include "app/Startup.h"
 #include "config/Profiles.h"
 #include "launch/Launcher.h"
+#include "support/RecordingLauncher.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
 #include "ui/StartLumbra.h"
@@ -73,7 +74,7 @@ protected:
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
 
     ScriptedPrompts m_prompts;
-    PendingLauncher m_launcher;
+    RecordingLauncher m_launcher;
     std::unique_ptr<frmMain> m_window;
 };
 

@@ -1,0 +1,233 @@
+#include "launch/LaunchEmu.h"
+
+#include "app/AppState.h"
+#include "app/AppTitle.h"
+#include "app/ErrorReport.h"
+#include "app/EventLog.h"
+#include "app/Prompts.h"
+#include "app/StringHelpers.h"
+#include "config/Profiles.h"
+#include "launch/OsHelpers.h"
+#include "launch/PathResolver.h"
+#include "launch/SystemShell.h"
+#include "rom/DecompressGame.h"
+#include "snapshots/SnapshotWizard.h"
+
+#include <QDir>
+
+namespace {
+
+const QString Flush = QStringLiteral("flush");
+constexpr int SubscriptOutOfRange = 9;
+constexpr int InvalidArgument = 5;
+
+// A step that cannot go on: the launch ends through its error report.
+struct RunTimeError {
+    int Number;
+    QString Description;
+};
+
+void Log(const QString& line) {
+    LogEvent(line);
+}
+
+// Switch settings are check-box states, but a hand-edited -1 (true) is honoured
+// in the bitwise tests, as the settings dialog's values 0 and 1 are.
+bool BitwiseAny(qint16 a, qint16 b) {
+    return static_cast<quint16>(a & b) != 0;
+}
+
+qint16 AsFlag(bool value) {
+    return value ? -1 : 0;
+}
+
+// The folder a program is looked for in: nothing when the emulator is not set up.
+QString ProbeInFolder(const QString& folder, const QString& name) {
+    if (TrimBlanks(folder).isEmpty())
+        return QString();
+    return GetShortPath(AddBackslash(folder) + name);
+}
+
+} // namespace
+
+EmulatorLauncher::EmulatorLauncher(AppState& state, Prompts& prompts, SystemShell& shell,
+                                   SnapshotWizardView& wizardView)
+    : m_state(state), m_prompts(prompts), m_shell(shell), m_wizardView(wizardView) {}
+
+LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
+    const QString savedFolder = QDir::currentPath();
+    Log(QStringLiteral("\r\n{ BEGIN LaunchEmu"));
+    try {
+        if (gameIndex < 0 || gameIndex >= GameList::Capacity)
+            throw RunTimeError{SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
+        GameRecord& game = m_state.Games.Records[gameIndex];
+        const Settings& options = m_state.Options;
+        Log(QStringLiteral("    Game Caption: ") + game.Caption);
+        game.Folder = AddBackslash(game.Folder);
+
+        QString launchFolder;
+        QString launchFileName;
+        const bool zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+        if (!zipped) {
+            launchFolder = game.Folder;
+            launchFileName = game.Filename;
+        } else {
+            // Both pieces are still empty here, so the line reads "Decompressing: ...".
+            Log(QStringLiteral("    Decompressing: ") + launchFolder + launchFileName +
+                QStringLiteral("..."));
+            launchFileName = DecompressGame(m_state, m_prompts, game.Folder + game.Filename);
+            LogEvent(QStringLiteral("done."), true);
+            launchFolder = AddBackslash(options.UnzipFolder);
+            Log(QStringLiteral("    Filename: ") + launchFolder + launchFileName);
+            game.ExtractedFile = launchFileName;
+            game.ExtractedShortName = GetFileName(GetShortPath(launchFolder + launchFileName));
+        }
+
+        // The game's own launch file, beside it: .pif, then .bat, then .sh.
+        QString launchFile;
+        bool gameLaunchFile = false;
+        if (options.RomBatchFileSupport == 1) {
+            const int dot = InStrLast(launchFileName, QStringLiteral("."));
+            if (dot == 0)
+                throw RunTimeError{InvalidArgument,
+                                   QStringLiteral("Invalid procedure call or argument")};
+            const QString base = launchFolder + launchFileName.left(dot - 1);
+            for (const char* extension : {".pif", ".bat", ".sh"}) {
+                launchFile = GetShortPath(base + QLatin1String(extension));
+                if (!launchFile.isEmpty())
+                    break;
+            }
+            gameLaunchFile = !launchFile.isEmpty();
+        }
+
+        if (launchFileName.isEmpty() && !gameLaunchFile) {
+            if (zipped)
+                m_prompts.Message(
+                    QStringLiteral("No SNES game file was found in the requested file, ") +
+                        QStringLiteral("you may want to remove the file from the list "
+                                       "(Right-Click the file to bring up the menu)"),
+                    PromptButtons::Ok, PromptIcon::Exclamation);
+            else
+                m_prompts.Message(
+                    game.ExtractedFile + QStringLiteral("\r\nCan no longer be found!\r\n\r\n") +
+                        QStringLiteral("Solution: If you are storing your ROMs on removable "
+                                       "media ") +
+                        QStringLiteral("insert the media and try again. Otherwise the file was ") +
+                        QStringLiteral("deleted/moved/renamed while ") + AppTitle +
+                        QStringLiteral(" was running, to correct the problem exit ") + AppTitle +
+                        QStringLiteral(", then open it back up."),
+                    PromptButtons::Ok, PromptIcon::Exclamation);
+            Log(QStringLiteral("} EXIT LaunchEmu (Error, file not found)"));
+            return LaunchEnd::GameNotFound;
+        }
+        if (!zipped && !gameLaunchFile) {
+            Log(QStringLiteral("    Filename: ") + launchFolder + launchFileName);
+            Log(QStringLiteral("    Settings Profile: ") + game.Profile + QStringLiteral("\r\n"));
+        }
+
+        int emulatorIndex = -1;
+        if (!gameLaunchFile) {
+            const QString& chosen = game.Emulator;
+            const QString emulatorName =
+                chosen.isEmpty() || chosen.toLower() == QLatin1String("default")
+                    ? options.DefaultEmulator
+                    : chosen;
+            emulatorIndex = m_state.Emulators.FindEmulatorIndex(emulatorName);
+            if (emulatorIndex < 0)
+                throw RunTimeError{SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
+            const EmulatorRecord& emulator = m_state.Emulators.Records[emulatorIndex];
+            Log(QStringLiteral("    Emulator: ") + emulator.LaunchFiles);
+            for (const QString& pattern : emulator.LaunchFiles.split(QLatin1Char(';'))) {
+                if (!pattern.isEmpty() && !ProbeInFolder(emulator.Folder, pattern).isEmpty()) {
+                    launchFile = pattern.toLower();
+                    break;
+                }
+            }
+            if (launchFile.isEmpty()) {
+                Log(QStringLiteral("Launch File: NONE FOUND"));
+                m_prompts.Message(
+                    QStringLiteral("No files were found to launch ") + emulatorName +
+                        QStringLiteral("\r\n\r\nYou must setup this emulator in the Settings ") +
+                        QStringLiteral("dialog in order to use this emulator.\r\n") +
+                        QStringLiteral("If you have already done this and get this message ") +
+                        QStringLiteral("check to be sure one of these files are present in the ") +
+                        QStringLiteral("folder you specified: ") + emulator.LaunchFiles +
+                        QStringLiteral("\r\n\r\nHow To Get There: On the main window Click the "
+                                       "'Options' menu, ") +
+                        QStringLiteral("choose 'Front-End Settings', and choose 'Emulators' in "
+                                       "the 'Configure' ") +
+                        QStringLiteral("dropdown list."),
+                    PromptButtons::Ok, PromptIcon::Information);
+                if (zipped)
+                    DecompressGame(m_state, m_prompts, Flush);
+                Log(QStringLiteral("} EXIT LaunchEmu (No Launch File Exists)"));
+                return LaunchEnd::NoLaunchFile;
+            }
+        }
+        Log(QStringLiteral("    Launch File: ") + launchFile.toLower());
+
+        // The wizard looks for new screenshots in the save folders.
+        for (EmulatorRecord& emulator : m_state.Emulators.Records)
+            emulator.SnapshotFolder = emulator.SaveFolder;
+
+        if (gameLaunchFile) {
+            Log(QStringLiteral("    Shell Using: ShellExecute (Win32 API)"));
+            m_shell.ShellExecute(launchFile, QString(), QString());
+        } else {
+            const EmulatorRecord& emulator = m_state.Emulators.Records[emulatorIndex];
+            const QString emulatorFolder = AddBackslash(emulator.Folder);
+            QDir::setCurrent(PathResolver().ResolveOrKeep(emulatorFolder));
+            QString arguments =
+                (QStringLiteral(" ") + GetShortPath(launchFolder + launchFileName)).toLower();
+            Log(QStringLiteral("    Command Line Defined"));
+            const QString program = PathResolver().ResolveOrKeep(emulatorFolder + launchFile);
+            if (options.Snapshots_UseWizard != 1) {
+                // Profiles reach the emulator only in the waiting mode.
+                Log(QStringLiteral("    Shell Using: ShellExecute (Win32 API)"));
+                m_shell.ShellExecute(program, arguments, emulatorFolder);
+            } else {
+                SnapshotWizard wizard(m_state, m_prompts);
+                wizard.SetRomFilename(game.Filename);
+                if (BitwiseAny(~options.Snapshots_HideIfPicExists, ~AsFlag(wizard.PicExists()))) {
+                    wizard.SetAutoUseFirst(options.Snapshots_AutoUse1st != 0);
+                    wizard.SetAutoRenameAll(options.Snapshots_AutoRenameAll != 0);
+                    wizard.SetFilePath(emulator.SnapshotFolder);
+                    Log(QStringLiteral("    Snapshot Wizard Activated"));
+                }
+                if (!game.Profile.isEmpty()) {
+                    const QString optionText = TrimBlanks(
+                        ReadProfile(m_state.Store, QStringLiteral("Snes9X"), game.Profile));
+                    if (emulator.Name.toLower() == QLatin1String("snes9x"))
+                        arguments = QStringLiteral(" ") + optionText + arguments;
+                }
+                Log(QStringLiteral("    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"));
+                m_prompts.Message(launchFile + arguments);
+                m_shell.ShellAndWait(emulatorFolder + launchFile + arguments,
+                                     QStringLiteral("ShellAndWait"));
+                wizard.SortForNewImages();
+                if (wizard.ImageCount() > 0) {
+                    if (BitwiseAny(options.Snapshots_HideIfPicExists, AsFlag(wizard.PicExists()))) {
+                        Log(QStringLiteral("    Snapshot Exists, Wizard Hidden"));
+                    } else {
+                        Log(QStringLiteral("    Snapshot Wizard Displayed"));
+                        m_wizardView.ShowModal(wizard);
+                    }
+                } else {
+                    Log(QStringLiteral("    Snapshot Wizard Deacticated: No new images found."));
+                }
+                if (wizard.FirstPicUsed())
+                    Log(QStringLiteral("    Snapshot Wizard: Automatically Used First New Image"));
+            }
+        }
+
+        if (zipped)
+            DecompressGame(m_state, m_prompts, Flush);
+        QDir::setCurrent(savedFolder);
+        Log(QStringLiteral("} END LaunchEmu"));
+        return LaunchEnd::Ended;
+    } catch (const RunTimeError& error) {
+        // Ends without its closing line, without a flush and in the folder it was in.
+        ShowErrorReport(m_prompts, error.Number, error.Description, QStringLiteral("launchEmu"));
+        return LaunchEnd::Failed;
+    }
+}

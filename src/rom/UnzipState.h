@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+#include <array>
+
+// What the last extraction reported: the extracted files' names in order (at most
+// 100) and the archive library's messages.
+struct UnzipState {
+    static constexpr int Capacity = 100;
+    std::array<QString, Capacity> UnzippedFiles;
+    QString UnzipMessage;
+};

@@ -1,0 +1,175 @@
+#include "config/Profiles.h"
+#include "catalogue/FolderScan.h"
+#include "launch/LaunchEmu.h"
+#include "launch/OsHelpers.h"
+#include "launch/RealShell.h"
+#include "rom/QzZipFiles.h"
+#include "snapshots/SnapshotWizard.h"
+#include "support/ScriptedPrompts.h"
+#include "support/SnesImageBuilder.h"
+#include "support/StandInEmulator.h"
+#include "support/TestFixtures.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+namespace {
+
+// The player at the wizard: takes the first new image when there is one.
+class PlayerAtTheWizard final : public SnapshotWizardView {
+public:
+    void ShowModal(SnapshotWizard& wizard) override {
+        Shown << wizard.NewImages();
+        wizard.UseSnapshot(0);
+    }
+    QStringList Shown;
+};
+
+class LaunchEmuTest : public LumbraTest {
+protected:
+    LaunchEmuTest() {
+        DefineEmulators(m_state);
+        m_state.Options = DefaultSettings();
+        m_state.Options.SnapshotFolder = TempPath("Snaps") + '/';
+        m_state.Options.UnzipFolder = MakeFolder("Unzip") + '/';
+        m_snes9x = WriteStandInEmulator(MakeFolder("Emus/Snes 9X"), "snes9x");
+        SetUp("Snes9X", TempPath("Emus/Snes 9X"), m_snes9x.SaveFolder);
+        WriteFile("My Games/Super Game.SMC", SnesImageBuilder::ValidLoRomWithCopierHeader("SUPER"));
+        GameList_ImportFileList(m_state, TempPath("My Games"));
+        QDir::setCurrent(TempPath());
+    }
+    ~LaunchEmuTest() override { QDir::setCurrent(m_startFolder); }
+    void SetUp(const QString& name, const QString& folder, const QString& saveFolder) {
+        EmulatorRecord& emulator =
+            m_state.Emulators.Records[m_state.Emulators.FindEmulatorIndex(name)];
+        emulator.Folder = folder + '/';
+        emulator.SaveFolder = saveFolder;
+    }
+    GameRecord& Game(const QString& fileName) {
+        return m_state.Games.Records[m_state.Games.FindGame("filename", fileName)];
+    }
+    LaunchEnd Launch(const QString& fileName) {
+        EmulatorLauncher launcher(m_state, m_prompts, m_shell, m_player);
+        return launcher.Launch(m_state.Games.FindGame("filename", fileName));
+    }
+    // The log of the last launch, from its first line.
+    QString LaunchLog() const {
+        return LogText().mid(LogText().lastIndexOf("\r\n\r\n{ BEGIN LaunchEmu"));
+    }
+
+    ScriptedPrompts m_prompts;
+    QStringList m_opened;
+    RealShell m_shell{m_prompts, [this](const QString& path) {
+                          m_opened << path;
+                          return true;
+                      }};
+    PlayerAtTheWizard m_player;
+    StandInEmulator m_snes9x;
+    const QString m_startFolder = QDir::currentPath();
+};
+
+TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
+    EnableLog();
+    GameRecord& game = Game("super game.smc");
+    game.Caption = "Super Game";
+    game.Emulator = "Snes9X";
+    game.Profile = "fast";
+    WriteProfile(m_state.Store, "Snes9X", "fast", "  -x  ");
+    const QString shortGame = GetShortPath(TempPath("My Games/Super Game.SMC"));
+    m_prompts.AnswerMessage(PromptAnswer::Yes); // "Use this snapshot for super game?"
+
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    EXPECT_EQ(m_snes9x.Arguments(), (QStringList{"-x", shortGame}));
+    EXPECT_EQ(m_snes9x.WorkingFolder(), TempPath("Emus/Snes 9X"));
+    EXPECT_EQ(QDir::currentPath(), TempPath()); // and back again
+    EXPECT_EQ(m_prompts.AskedTexts().first(), "snes9x -x " + shortGame);
+    EXPECT_EQ(m_player.Shown, QStringList{"shot1.png"});
+    EXPECT_TRUE(QFile::exists(TempPath("Snaps/super game.png")));
+    EXPECT_EQ(m_snes9x.Screenshots(), QStringList());
+    const QString folder = TempPath("my games/").toLower();
+    EXPECT_EQ(LaunchLog(),
+              "\r\n\r\n{ BEGIN LaunchEmu\r\n    Game Caption: Super Game\r\n    Filename: " +
+                  folder +
+                  "super game.smc\r\n    Settings Profile: fast\r\n"
+                  "\r\n    Emulator: snes9x.pif;snes9x.lnk;snes9x.bat;snes9x.exe;snes9x;snes9x.sh"
+                  "\r\n    Launch File: snes9x\r\n    Command Line Defined"
+                  "\r\n\r\n=== Loaded frmSnapshotWizard ===\r\n    Snapshot Wizard Activated"
+                  "\r\n    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"
+                  "\r\n    Snapshot Wizard Displayed"
+                  "\r\n\r\n=== Unloaded frmSnapshotWizard ===\r\n} END LaunchEmu");
+
+    // With a snapshot in place the wizard stays away; a vanished game file leaves
+    // the emulator with no argument at all. Only Snes9X takes a profile.
+    SetUp("ZSnes", TempPath("Emus/Snes 9X"), m_snes9x.SaveFolder);
+    WriteStandInEmulator(TempPath("Emus/Snes 9X"), "zsnes.sh", false, m_snes9x.SaveFolder);
+    game.Emulator = "Default";
+    m_state.Options.DefaultEmulator = "ZSNES";
+    QFile::remove(TempPath("My Games/Super Game.SMC"));
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    const StandInEmulator zsnes{TempPath("Emus/Snes 9X/zsnes.sh"), m_snes9x.SaveFolder};
+    EXPECT_TRUE(zsnes.Ran());
+    EXPECT_EQ(zsnes.Arguments(), QStringList());
+    EXPECT_EQ(m_prompts.AskedTexts().last(), "zsnes.sh ");
+    EXPECT_TRUE(LaunchLog().contains("\r\n    Launch File: zsnes.sh\r\n"));
+    EXPECT_TRUE(LaunchLog().contains("Snapshot Wizard Deacticated: No new images found."));
+    EXPECT_FALSE(LaunchLog().contains("Snapshot Wizard Activated"));
+}
+
+TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
+    m_state.Options.Snapshots_UseWizard = 0;
+    Game("super game.smc").Emulator = "snes9x";
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+    EXPECT_EQ(m_snes9x.Arguments(), QStringList{GetShortPath(TempPath("My Games/Super Game.SMC"))});
+    EXPECT_EQ(m_prompts.AskedTexts(), QStringList()); // no confirmation without the wizard
+
+    // A .pif beside the game wins over a .bat; no emulator is involved.
+    m_snes9x.Reset();
+    const QByteArray note = "#!/bin/sh\necho $0 > \"" + QFile::encodeName(TempPath("ran")) + "\"\n";
+    WriteFile("My Games/Super Game.bat", note);
+    WriteFile("My Games/SUPER GAME.PIF", note);
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return QFile::exists(TempPath("ran")); }, 60000));
+    QFile ran(TempPath("ran"));
+    ASSERT_TRUE(ran.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(ran.readAll().endsWith(".pif\n"));
+    EXPECT_FALSE(m_snes9x.Ran());
+
+    // Without the game's own files and with an emulator that is not set up.
+    m_state.Options.RomBatchFileSupport = 0;
+    Game("super game.smc").Emulator = "Nlke";
+    EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
+    EXPECT_TRUE(m_prompts.AskedTexts().last().startsWith("No files were found to launch Nlke\r\n"));
+}
+
+TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedInBothModes) {
+    QzZipFiles zip(m_prompts);
+    zip.RootDirectory = MakeFolder("Zip Source");
+    WriteFile("Zip Source/Read Me.txt", "hello");
+    WriteFile("Zip Source/Zipped Game.SFC", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED"));
+    ASSERT_FALSE(zip.AddFile("Read Me.txt"));
+    ASSERT_FALSE(zip.AddFile("Zipped Game.SFC"));
+    zip.ZipFileName = TempPath("My Games/Zipped Game.ZIP");
+    ASSERT_EQ(zip.MakeZipFile(), 0) << zip.GetLastMessage().toStdString();
+    m_state.Games.ClearGameList();
+    GameList_ImportFileList(m_state, TempPath("My Games"));
+    Game("zipped game.zip").Emulator = "Snes9X";
+
+    for (const qint16 waiting : {1, 0}) {
+        m_snes9x.Reset();
+        m_state.Options.Snapshots_UseWizard = waiting;
+        if (waiting)
+            m_prompts.AnswerMessage(PromptAnswer::No); // keeps the screenshot where it is
+        ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
+        const GameRecord& game = Game("zipped game.zip");
+        EXPECT_EQ(game.ExtractedFile, "Zipped Game.SFC");
+        EXPECT_EQ(game.ExtractedShortName, "zipped_game.sfc");
+        // The emulator was handed the extracted game, which is gone again.
+        ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+        EXPECT_TRUE(m_snes9x.Arguments().value(0).endsWith("/zipped_game.sfc"));
+        EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
+    }
+}
+
+} // namespace

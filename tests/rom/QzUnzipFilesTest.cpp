@@ -1,0 +1,119 @@
+#include "rom/QzUnzipFiles.h"
+#include "ZipFixture.h"
+#include "rom/UnzipState.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <functional>
+#include <sys/stat.h>
+#include <tuple>
+
+namespace {
+
+using Kind = RawEntry::Kind;
+
+class QzUnzipFilesTest : public ZipFixture {
+protected:
+    int Unzip(const QString& zip, const std::function<void(QzUnzipFiles&)>& options = {}) {
+        QzUnzipFiles unzip(m_state.Unzip, m_prompts);
+        if (options)
+            options(unzip);
+        return unzip.Unzip(zip, m_unzip);
+    }
+};
+
+} // namespace
+
+TEST_F(QzUnzipFilesTest, HostileEntriesNeverReachOutsideTheUnzipFolder) {
+    const QString victim = WriteFile("outside/victim.smc", "precious");
+    ASSERT_TRUE(QFile::link(victim, m_unzip + "/game.smc"));
+    const QByteArray absolute = QFile::encodeName(TempPath("outside/abs.smc"));
+    const QString zip =
+        MakeRawZip("hostile.zip", {{"../evil.smc", "evil"},
+                                   {absolute, "abs"},
+                                   {"a/../../b.smc", "b"},
+                                   {"x\\..", "dots"},
+                                   {"link.smc", {}, Kind::SymbolicLink, QFile::encodeName(victim)},
+                                   {"hard.smc", {}, Kind::HardLink, QFile::encodeName(victim)},
+                                   {"game.smc", "game"}});
+    const auto outside = OutsideTree();
+
+    EXPECT_EQ(Unzip(zip), UnzipSkippedEntries);
+    EXPECT_EQ(OutsideTree(), outside);
+    EXPECT_EQ(UnzipFolderFiles(), QStringList({"abs.smc=abs", "b.smc=b", "evil.smc=evil",
+                                               "game.smc=game", "hard.smc="}));
+    for (const QString& name : UnzipFolderNames()) {
+        struct stat status {};
+        ASSERT_EQ(::lstat(QFile::encodeName(m_unzip + '/' + name).constData(), &status), 0);
+        EXPECT_TRUE(S_ISREG(status.st_mode) && status.st_nlink == 1) << name.toStdString();
+    }
+    EXPECT_EQ(m_state.Unzip.UnzipMessage,
+              "Extracted: evil.smc\r\nExtracted: abs.smc\r\nExtracted: b.smc\r\n"
+              "x/..: left out, no usable file name\r\n"
+              "link.smc: left out, not a regular file\r\n"
+              "Extracted: hard.smc\r\nExtracted: game.smc");
+}
+
+TEST_F(QzUnzipFilesTest, LimitsStopTheExtractionAndKeepNothing) {
+    Files files;
+    for (int index = 0; index < QzUnzipFiles::MaxEntries; ++index)
+        files.append({QStringLiteral("f%1.txt").arg(index), "x"});
+    EXPECT_EQ(Unzip(MakeZip("hundred.zip", files)), UnzipOk);
+    EXPECT_EQ(UnzipFolderNames().size(), 100);
+    EXPECT_EQ(m_state.Unzip.UnzippedFiles[99], "f99.txt");
+    files.append({QStringLiteral("f100.txt"), "x"});
+
+    // Beyond 256 MiB, as the central directory says, and found while reading when the
+    // archive is cut before it, so that no entry gives its size.
+    const QString big = MakeRawZip(
+        "big.zip", {{"readme.txt", "r"}, {"big.smc", {}, Kind::File, {}, 257 << 20, true}},
+        "zip:compression-level=1");
+    QFile bigFile(big);
+    ASSERT_TRUE(bigFile.open(QIODevice::ReadOnly));
+    const QByteArray bytes = bigFile.readAll();
+    const QString cut = WriteFile("games/cut.zip", bytes.left(bytes.lastIndexOf("PK\1\2")));
+
+    const std::pair<QString, QString> cases[] = {
+        {MakeZip("101.zip", files), "holds more than 100 entries"},
+        {big, "expands beyond 256 MiB"},
+        {cut, "expands beyond 256 MiB"}};
+    for (const auto& [zip, reason] : cases) {
+        EmptyUnzipFolder();
+        EXPECT_EQ(Unzip(zip), UnzipTooLarge);
+        EXPECT_EQ(UnzipFolderNames(), QStringList()) << reason.toStdString();
+        EXPECT_EQ(m_state.Unzip.UnzippedFiles[0], QString());
+        EXPECT_TRUE(m_state.Unzip.UnzipMessage.endsWith(zip + ": stopped, the archive " + reason +
+                                                        ". Nothing of it was kept."));
+    }
+}
+
+TEST_F(QzUnzipFilesTest, OptionsDecideWhatIsWritten) {
+    const QString zip = MakeZip("options.zip", {{"old.smc", "new"}, {"fresh.smc", "new"}});
+    const QDateTime past = QDateTime::currentDateTime().addYears(-1);
+    const QDateTime future = past.addYears(2);
+    const std::tuple<std::function<void(QzUnzipFiles&)>, QDateTime, QStringList> cases[] = {
+        {[](QzUnzipFiles& u) { u.OverWriteFiles = false; }, past, {"fresh.smc=new", "old.smc=old"}},
+        {[](QzUnzipFiles& u) { u.ExtractNewer = true; }, past, {"old.smc=new"}},
+        {[](QzUnzipFiles& u) { u.ExtractNewer = true; }, future, {"old.smc=old"}},
+        {[](QzUnzipFiles& u) { u.ExtractOnlyNewer = true; },
+         future,
+         {"fresh.smc=new", "old.smc=old"}},
+        {[](QzUnzipFiles& u) { u.TestZip = true; }, past, {"old.smc=old"}},
+        {[](QzUnzipFiles& u) { u.PromptOverwrite = true; }, past, {"fresh.smc=new", "old.smc=old"}},
+        {[](QzUnzipFiles& u) { u.PromptOverwrite = true; }, past, {"fresh.smc=new", "old.smc=new"}},
+    };
+    m_prompts.AnswerMessage(PromptAnswer::No).AnswerMessage(PromptAnswer::Yes);
+    for (const auto& [options, existing, files] : cases) {
+        EmptyUnzipFolder();
+        QFile old(WriteFile("unzip/old.smc", "old"));
+        ASSERT_TRUE(old.open(QIODevice::ReadWrite));
+        old.setFileTime(existing, QFileDevice::FileModificationTime);
+        old.close();
+        EXPECT_EQ(Unzip(zip, options), UnzipOk);
+        EXPECT_EQ(UnzipFolderFiles(), files);
+    }
+    const ScriptedPrompts::Question& asked = m_prompts.Asked().constLast();
+    EXPECT_EQ(asked.text + " | " + asked.title,
+              "Overwrite old.smc | VBUnZip32 - File Already Exists!");
+    EXPECT_EQ(asked.buttons, PromptButtons::YesNo);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "support/ScriptedPrompts.h"
+#include "support/TestFixtures.h"
+
+#include <QList>
+#include <QMap>
+#include <utility>
+
+// An entry written with libarchive's zip writer directly, for what QzZipFiles never
+// makes: hostile names, links, huge or size-less entries, traditional encryption.
+struct RawEntry {
+    enum class Kind { File, SymbolicLink, HardLink };
+    RawEntry(QByteArray name, QByteArray data = {}, Kind type = Kind::File, QByteArray target = {},
+             qint64 zeros = 0, bool sizeUnknown = false)
+        : Name(std::move(name)), Data(std::move(data)), Type(type), Target(std::move(target)),
+          Zeros(zeros), SizeUnknown(sizeUnknown) {}
+    QByteArray Name;
+    QByteArray Data;
+    Kind Type;
+    QByteArray Target; // a link's target
+    qint64 Zeros;      // that many zero bytes after Data
+    bool SizeUnknown;  // the local header gives no size
+};
+
+// A temporary folder with "unzip" (the unzip folder), "games" for archives and
+// "outside" for files that no extraction may touch.
+class ZipFixture : public LumbraTest {
+protected:
+    ZipFixture();
+
+    using Files = QList<std::pair<QString, QByteArray>>;
+    // Zips the files, in order under their relative paths, with QzZipFiles into
+    // games/<name>; with a password, encrypted.
+    QString MakeZip(const QString& name, const Files& files, const QString& password = {});
+    QString MakeRawZip(const QString& name, const QList<RawEntry>& entries,
+                       const char* options = "", const char* passphrase = nullptr);
+
+    // The unzip folder's names, hidden ones included, sorted; or "name=bytes" for each.
+    QStringList UnzipFolderNames() const;
+    QStringList UnzipFolderFiles() const;
+    QByteArray UnzipFile(const QString& name) const;
+    void EmptyUnzipFolder();
+    // Every path of the temporary folder outside the unzip folder, with a file's bytes,
+    // a link's target or "folder".
+    QMap<QString, QString> OutsideTree() const;
+
+    QString m_unzip;
+    ScriptedPrompts m_prompts;
+};

@@ -1,0 +1,64 @@
+#include "support/ScriptedPrompts.h"
+#include "support/TestFixtures.h"
+#include "ui/SnapshotWizardDialogView.h"
+#include "ui/frmSnapshotWizard.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+using SnapshotWizardWindowTest = LumbraTest;
+
+// The game already has a snapshot; play left a square and a wide screenshot.
+TEST_F(SnapshotWizardWindowTest, PreviewsThePickedImageAndClosesOnceItIsUsed) {
+    m_state.Options.SnapshotFolder = MakeFolder("Snapshots");
+    WriteFile("Snapshots/super.png", "old");
+    ScriptedPrompts prompts;
+    SnapshotWizard wizard(m_state, prompts);
+    wizard.SetRomFilename("Super.smc");
+    wizard.SetFilePath(MakeFolder("Shots"));
+    QImage(16, 16, QImage::Format_RGB32).save(TempPath("Shots/shot1.png"));
+    QImage(32, 16, QImage::Format_RGB32).save(TempPath("Shots/shot2.bmp"));
+    wizard.SortForNewImages();
+
+    QTimer::singleShot(0, [&prompts] {
+        auto* dialog = qobject_cast<frmSnapshotWizard*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(dialog));
+        auto* list = dialog->findChild<QListWidget*>("lstNewImages");
+        auto* use = dialog->findChild<QPushButton*>("cmdUse");
+        auto* preview = dialog->findChild<QLabel*>("imgPreview");
+        EXPECT_EQ(dialog->windowTitle(), "Snapshot Wizard");
+        EXPECT_EQ(list->count(), 2);
+        EXPECT_FALSE(use->isEnabled());
+
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->item(1)).center());
+        EXPECT_TRUE(use->isEnabled());
+        EXPECT_EQ(preview->pixmap().size(), QSize(256, 128));
+        QTest::keyClick(list, Qt::Key_Up);
+        EXPECT_EQ(preview->pixmap().size(), QSize(224, 224));
+
+        prompts.AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::No);
+        QTest::mouseClick(use, Qt::LeftButton); // declines to replace: stays open
+        EXPECT_TRUE(dialog->isVisible());
+        prompts.AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::Yes);
+        QTest::mouseClick(use, Qt::LeftButton);
+        EXPECT_FALSE(dialog->isVisible());
+        if (dialog->isVisible())
+            dialog->reject(); // so that a failure does not hang the test
+    });
+    SnapshotWizardDialogView().ShowModal(wizard);
+    EXPECT_EQ(prompts.AskedTexts().size(), 5);
+    EXPECT_FALSE(QFile::exists(TempPath("Shots/shot1.png")));
+    EXPECT_EQ(QImage(TempPath("Snapshots/super.png")).size(), QSize(16, 16));
+}
+
+} // namespace
