@@ -39,8 +39,9 @@ int RunLaunch(CliContext& context, const QStringList& arguments) {
     LoadCatalogue(context);
 
     bool isNumber = true;
-    const int index = indexText.isEmpty() ? state.Games.FindGame(QStringLiteral("title"), rest.first())
-                                          : indexText.toInt(&isNumber);
+    const int index = indexText.isEmpty()
+                          ? state.Games.FindGame(QStringLiteral("title"), rest.first())
+                          : indexText.toInt(&isNumber);
     if (!isNumber || index < 0 || index >= state.Games.Count()) {
         context.Err << "lumbra-cli: there is no game "
                     << (indexText.isEmpty() ? QStringLiteral("captioned ") + rest.first()

@@ -41,9 +41,8 @@ int RunConfig(CliContext& context, const QStringList& arguments) {
         return ExitOk;
     }
     if (action != QLatin1String("set") || arguments.size() != 3)
-        return UsageError(context,
-                          QStringLiteral("usage: config get KEY, config set KEY VALUE, or "
-                                         "config list"));
+        return UsageError(context, QStringLiteral("usage: config get KEY, config set KEY VALUE, or "
+                                                  "config list"));
 
     const QString& key = arguments.at(1);
     if (!SettingText(state.Options, key))

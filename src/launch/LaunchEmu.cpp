@@ -200,7 +200,8 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
                     if (emulator.Name.toLower() == QLatin1String("snes9x"))
                         arguments = QStringLiteral(" ") + optionText + arguments;
                 }
-                Log(QStringLiteral("    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"));
+                Log(QStringLiteral(
+                    "    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"));
                 m_prompts.Message(launchFile + arguments);
                 m_shell.ShellAndWait(emulatorFolder + launchFile + arguments,
                                      QStringLiteral("ShellAndWait"));

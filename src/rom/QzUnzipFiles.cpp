@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
+#include <optional>
 #include <string>
 
 // What one call of Unzip works with.

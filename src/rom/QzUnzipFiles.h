@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QtGlobal>
-#include <optional>
 
 class Prompts;
 class UnzipFolder;
@@ -13,7 +12,7 @@ struct archive_entry;
 // Unzip's return codes (0 is success).
 enum UnzipCode : int {
     UnzipOk = 0,
-    UnzipSkippedEntries = 1, // links, devices, folders' own names or unusable names left out
+    UnzipSkippedEntries = 1, // links, devices or entries without a usable file name left out
     UnzipDamaged = 2,        // the archive is damaged or cut short
     UnzipNoArchive = 9,      // the archive cannot be opened or is not a zip archive
     UnzipNoFolder = 10,      // no archive name, or the extract folder cannot be opened
@@ -62,7 +61,8 @@ enum UnzipCode : int {
 class QzUnzipFiles {
 public:
     static constexpr int MaxEntries = 100;
-    static constexpr qint64 MaxBytes = qint64(256) << 20;
+    // What a whole archive may expand to; far beyond any SNES game.
+    qint64 MaxBytes = qint64(256) << 20;
 
     QzUnzipFiles(UnzipState& state, Prompts& prompts);
 

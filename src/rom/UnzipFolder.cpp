@@ -112,7 +112,8 @@ void UnzipFolder::Remove(const QString& name) {
 // Elsewhere through Qt's file calls: the same temporary name and rename, without the
 // open folder handle.
 
-UnzipFolder::UnzipFolder(const QString& path) : m_path(QDir(path).absolutePath() + QLatin1Char('/')) {
+UnzipFolder::UnzipFolder(const QString& path)
+    : m_path(QDir(path).absolutePath() + QLatin1Char('/')) {
     if (!QDir().mkpath(path))
         m_error = QStringLiteral("Cannot make the folder");
 }

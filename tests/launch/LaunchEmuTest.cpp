@@ -1,6 +1,6 @@
-#include "config/Profiles.h"
-#include "catalogue/FolderScan.h"
 #include "launch/LaunchEmu.h"
+#include "catalogue/FolderScan.h"
+#include "config/Profiles.h"
 #include "launch/OsHelpers.h"
 #include "launch/RealShell.h"
 #include "rom/QzZipFiles.h"
@@ -88,16 +88,16 @@ TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
     EXPECT_TRUE(QFile::exists(TempPath("Snaps/super game.png")));
     EXPECT_EQ(m_snes9x.Screenshots(), QStringList());
     const QString folder = TempPath("my games/").toLower();
-    EXPECT_EQ(LaunchLog(),
-              "\r\n\r\n{ BEGIN LaunchEmu\r\n    Game Caption: Super Game\r\n    Filename: " +
-                  folder +
-                  "super game.smc\r\n    Settings Profile: fast\r\n"
-                  "\r\n    Emulator: snes9x.pif;snes9x.lnk;snes9x.bat;snes9x.exe;snes9x;snes9x.sh"
-                  "\r\n    Launch File: snes9x\r\n    Command Line Defined"
-                  "\r\n\r\n=== Loaded frmSnapshotWizard ===\r\n    Snapshot Wizard Activated"
-                  "\r\n    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"
-                  "\r\n    Snapshot Wizard Displayed"
-                  "\r\n\r\n=== Unloaded frmSnapshotWizard ===\r\n} END LaunchEmu");
+    EXPECT_EQ(
+        LaunchLog(),
+        "\r\n\r\n{ BEGIN LaunchEmu\r\n    Game Caption: Super Game\r\n    Filename: " + folder +
+            "super game.smc\r\n    Settings Profile: fast\r\n"
+            "\r\n    Emulator: snes9x.pif;snes9x.lnk;snes9x.bat;snes9x.exe;snes9x;snes9x.sh"
+            "\r\n    Launch File: snes9x\r\n    Command Line Defined"
+            "\r\n\r\n=== Loaded frmSnapshotWizard ===\r\n    Snapshot Wizard Activated"
+            "\r\n    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"
+            "\r\n    Snapshot Wizard Displayed"
+            "\r\n\r\n=== Unloaded frmSnapshotWizard ===\r\n} END LaunchEmu");
 
     // With a snapshot in place the wizard stays away; a vanished game file leaves
     // the emulator with no argument at all. Only Snes9X takes a profile.
