@@ -5,7 +5,9 @@
 int InStrLast(const QString& text, const QString& search) {
     if (search.isEmpty())
         return 0;
-    return static_cast<int>(text.lastIndexOf(search)) + 1;
+    // From the last character, not from size(): there Qt 6.4 compares a one-character
+    // search with the terminating zero, so a "\0" search was found past the end.
+    return static_cast<int>(text.lastIndexOf(search, -1)) + 1;
 }
 
 int InStrLastSeparator(const QString& path) {

@@ -20,6 +20,8 @@ TEST(StringHelpers, FieldsPositionsAndPaths) {
 
     EXPECT_EQ(InStrLast("C:\\a\\b.smc", "\\"), 5);
     EXPECT_EQ(InStrLast("b.smc", "\\"), 0);
+    EXPECT_EQ(InStrLast("b.smc", QString(QChar(0))), 0);
+    EXPECT_EQ(InStrLast("b.smc", "c"), 5);
     EXPECT_EQ(InStrLastSeparator("/home/me\\x"), 9);
 
     EXPECT_EQ(AddBackslash("  /home/me/SNES Roms  "), "/home/me/SNES Roms/");
