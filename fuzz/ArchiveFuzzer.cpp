@@ -40,8 +40,7 @@ const QDir::Filters Everything =
 
 // The unzip folder holds only plain files, each named in the list, and no more than
 // the limits allow; after a stop for size it holds nothing.
-void CheckUnzipFolder(const QString& folder, const UnzipState& state, int result,
-                      qint64 maxBytes) {
+void CheckUnzipFolder(const QString& folder, const UnzipState& state, int result, qint64 maxBytes) {
     QSet<QString> listed;
     for (const QString& name : state.UnzippedFiles) {
         if (name.isEmpty())

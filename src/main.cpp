@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
     SnapshotWizardDialogView wizardView;
     EmulatorLauncher launcher(state, prompts, shell, wizardView);
     const std::unique_ptr<frmMain> window =
-        StartLumbra(state, prompts, launcher, QApplication::arguments().mid(1));
+        StartLumbra(state, prompts, shell, launcher, QApplication::arguments().mid(1));
     prompts.SetParent(window.get());
     QObject::connect(window.get(), &frmMain::Closed, &app, &QApplication::quit);
     QObject::connect(&app, &QGuiApplication::commitDataRequest, window.get(),

@@ -4,6 +4,7 @@
 #include "app/Progress.h"
 #include "app/Startup.h"
 #include "app/StringHelpers.h"
+#include "catalogue/GameFolderCommands.h"
 #include "catalogue/GroupFilter.h"
 #include "cli/CliLog.h"
 #include "cli/CliSupport.h"
@@ -76,6 +77,38 @@ QList<std::pair<QString, QString>> RecordFields(const GameRecord& record) {
             {QStringLiteral("Group"), record.Group},
             {QStringLiteral("Emulator"), record.Emulator},
             {QStringLiteral("Profile"), record.Profile}};
+}
+
+// As the settings dialog's "Add...": the folder is added and scanned into the catalogue,
+// and both are stored as the window's close would store them.
+int AddFolder(CliContext& context, const QString& path) {
+    const QString resolved = PathResolver().Resolve(path);
+    if (resolved.isEmpty() || !QFileInfo(resolved).isDir()) {
+        context.Err << "lumbra-cli: " << path << ": no such folder\n";
+        return ExitFailed;
+    }
+    const QString folder =
+        AddBackslash(QDir::toNativeSeparators(QFileInfo(resolved).absoluteFilePath()));
+    AppState& state = context.State;
+    LoadCatalogue(context);
+    Progress noProgress;
+    const FolderAddResult added = AddGameFolderAndScan(state, folder, noProgress);
+    if (added.Result == FolderAddResult::Refused)
+        return Refused(context);
+    if (added.Result == FolderAddResult::LostAfterAdd) {
+        context.Err << "lumbra-cli: An unexpected error accured! " << folder << " was added but "
+                    << "is not in the list\n";
+        return ExitFailed;
+    }
+    const SettingsStore::Batch oneWrite(state.Store);
+    ExportGameFolders(state, Store, QString());
+    ExportGameList(state, Store, QString());
+    const int games = state.GameFolders.Entries[added.Index].RomCount;
+    context.Out << "Added " << folder << ": " << games << (games == 1 ? " game" : " games")
+                << " found.\n";
+    if (!added.Report.IsComplete())
+        context.Err << "lumbra-cli: " << added.Report.Summary() << '\n';
+    return ExitOk;
 }
 
 } // namespace
@@ -190,23 +223,13 @@ int RunFolders(CliContext& context, const QStringList& arguments) {
     StoreWriterLock lock(state.Store, StoreWriterLock::Holder::Command);
     if (!ClaimStore(context, lock))
         return ExitFailed;
+    if (action == QLatin1String("add"))
+        return AddFolder(context, arguments.at(1));
     ImportGameFolders(state, Store, QString());
-    bool changed = false;
-    if (action == QLatin1String("add")) {
-        const QString resolved = PathResolver().Resolve(arguments.at(1));
-        if (resolved.isEmpty() || !QFileInfo(resolved).isDir()) {
-            context.Err << "lumbra-cli: " << arguments.at(1) << ": no such folder\n";
-            return ExitFailed;
-        }
-        changed = state.GameFolders.AddGameFolder(
-            AddBackslash(QDir::toNativeSeparators(QFileInfo(resolved).absoluteFilePath())));
-    } else {
-        QString path = arguments.at(1);
-        if (QFileInfo(path).isRelative())
-            path = QFileInfo(path).absoluteFilePath();
-        changed = state.GameFolders.RemoveGameFolder(path);
-    }
-    if (!changed)
+    QString path = arguments.at(1);
+    if (QFileInfo(path).isRelative())
+        path = QFileInfo(path).absoluteFilePath();
+    if (!state.GameFolders.RemoveGameFolder(path))
         return Refused(context);
     ExportGameFolders(state, Store, QString());
     return ExitOk;

@@ -1,25 +1,40 @@
 #include "ui/RomMenu.h"
 
 #include "app/AppState.h"
+#include "catalogue/GameCommands.h"
+#include "snapshots/SnapshotCommands.h"
+#include "ui/BusyPointer.h"
+#include "ui/GameListView.h"
+#include "ui/SaveStatesMenu.h"
 #include "ui/frmProfileEditor.h"
+#include "ui/frmRomInfo.h"
 
 #include <QMenu>
 
 namespace {
 
-QAction* AddDisabled(QMenu* menu, const QString& caption, const QString& name) {
-    QAction* action = menu->addAction(caption);
-    action->setObjectName(name);
-    action->setEnabled(false);
-    return action;
+// A group's name as a menu caption: "&" would underline the next letter.
+QString MenuCaption(const QString& name) {
+    QString caption = name;
+    return caption.replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace
 
-RomMenu::RomMenu(AppState& state, QWidget* owner) : QObject(owner), m_state(state), m_owner(owner) {
+RomMenu::RomMenu(AppState& state, Prompts& prompts, SystemShell& shell, GameListView& view,
+                 QWidget* owner)
+    : QObject(owner), m_state(state), m_prompts(prompts), m_shell(shell), m_view(view),
+      m_owner(owner) {
     m_mnuRomMenu = new QMenu(QStringLiteral("&ROM Menu"), owner);
     m_mnuRomMenu->setObjectName(QStringLiteral("mnuRomMenu"));
+    CreateLaunchAndProfileEntries();
+    m_saveStates = new SaveStatesMenu(state, shell, m_mnuRomMenu);
+    m_gameEntries.append(m_saveStates->Menu()->menuAction());
+    CreateGroupEntries();
+    CreateGameEntries();
+}
 
+void RomMenu::CreateLaunchAndProfileEntries() {
     m_mnuLaunchUsing = m_mnuRomMenu->addMenu(QStringLiteral("&Launch Using..."));
     m_mnuLaunchUsing->setObjectName(QStringLiteral("mnuRomMenu_LaunchUsing"));
     connect(m_mnuLaunchUsing, &QMenu::triggered, this, &RomMenu::mnuLaunchUsing_Click);
@@ -32,54 +47,66 @@ RomMenu::RomMenu(AppState& state, QWidget* owner) : QObject(owner), m_state(stat
     m_mnuProfile->addSeparator();
     m_mnuProfile->addAction(QStringLiteral("&Edit..."))
         ->setObjectName(QStringLiteral("mnuProfile_Edit"));
-    QAction* mnuNew = m_mnuProfile->addAction(QStringLiteral("&New..."));
-    mnuNew->setObjectName(QStringLiteral("mnuProfile_New"));
-    connect(mnuNew, &QAction::triggered, this, &RomMenu::mnuProfile_New_Click);
-
-    AddPlaceholderEntries();
+    AddEntry(m_mnuProfile, QStringLiteral("&New..."), QStringLiteral("mnuProfile_New"),
+             &RomMenu::mnuProfile_New_Click);
+    m_gameEntries << m_mnuLaunchUsing->menuAction() << m_mnuProfile->menuAction();
 }
 
-void RomMenu::AddPlaceholderEntries() {
-    QMenu* saveStates = m_mnuRomMenu->addMenu(QStringLiteral("Sa&ve States"));
-    saveStates->setObjectName(QStringLiteral("mnuRomMenu_SaveStates"));
-    for (const EmulatorRecord& emulator : m_state.Emulators.Records) {
-        QMenu* perEmulator = saveStates->addMenu(QStringLiteral("&") + emulator.Name);
-        AddDisabled(perEmulator, QStringLiteral("No SRAM File"),
-                    QStringLiteral("mnuSaveStates_Sram"));
-    }
-    saveStates->setEnabled(false);
+void RomMenu::CreateGroupEntries() {
+    m_mnuSendToGroup = m_mnuRomMenu->addMenu(QStringLiteral("Send To &Group..."));
+    m_mnuSendToGroup->setObjectName(QStringLiteral("mnuRomMenu_SendToGroup"));
+    m_mnuSendToGroupBar = m_mnuSendToGroup->addSeparator();
+    m_mnuSendToGroupFixed =
+        AddEntry(m_mnuSendToGroup, FixedGroup, QStringLiteral("mnuSendToGroup_FixedGroup"),
+                 &RomMenu::mnuSendToGroup_FixedGroup_Click);
+    m_mnuSendToGroupFixed->setCheckable(true);
+    m_mnuSendToGroup->addSeparator();
+    AddEntry(m_mnuSendToGroup, QStringLiteral("&New Group..."),
+             QStringLiteral("mnuSendToGroup_NewGroup"), &RomMenu::mnuSendToGroup_NewGroup_Click);
+    m_gameEntries.append(m_mnuSendToGroup->menuAction());
+}
 
-    QMenu* sendToGroup = m_mnuRomMenu->addMenu(QStringLiteral("Send To &Group..."));
-    sendToGroup->setObjectName(QStringLiteral("mnuRomMenu_SendToGroup"));
-    AddDisabled(sendToGroup, FixedGroup, QStringLiteral("mnuSendToGroup_FixedGroup"));
-    sendToGroup->addSeparator();
-    AddDisabled(sendToGroup, QStringLiteral("&New Group..."),
-                QStringLiteral("mnuSendToGroup_NewGroup"));
-    sendToGroup->setEnabled(false);
-
+void RomMenu::CreateGameEntries() {
     QMenu* snapshot = m_mnuRomMenu->addMenu(QStringLiteral("&Snapshot..."));
     snapshot->setObjectName(QStringLiteral("mnuRomMenu_Snapshot"));
-    AddDisabled(snapshot, QStringLiteral("&Change..."), QStringLiteral("mnuSnapshot_Change"));
-    AddDisabled(snapshot, QStringLiteral("&Open..."), QStringLiteral("mnuSnapshot_Open"));
-    AddDisabled(snapshot, QStringLiteral("Remo&ve"), QStringLiteral("mnuSnapshot_Remove"));
-    snapshot->setEnabled(false);
+    AddEntry(snapshot, QStringLiteral("&Change..."), QStringLiteral("mnuSnapshot_Change"),
+             &RomMenu::mnuSnapshot_Change_Click);
+    AddEntry(snapshot, QStringLiteral("&Open..."), QStringLiteral("mnuSnapshot_Open"),
+             &RomMenu::mnuSnapshot_Open_Click);
+    AddEntry(snapshot, QStringLiteral("Remo&ve"), QStringLiteral("mnuSnapshot_Remove"),
+             &RomMenu::mnuSnapshot_Remove_Click);
+    m_mnuRomMenu->addSeparator();
+    m_gameEntries << snapshot->menuAction()
+                  << AddEntry(m_mnuRomMenu, QStringLiteral("Remo&ve"),
+                              QStringLiteral("mnuRomMenu_Remove"),
+                              &RomMenu::mnuRomMenu_Remove_Click)
+                  << AddEntry(m_mnuRomMenu, QStringLiteral("Re&name"),
+                              QStringLiteral("mnuRomMenu_Rename"),
+                              &RomMenu::mnuRomMenu_Rename_Click);
+    m_mnuRomMenu->addSeparator();
+    m_gameEntries << AddEntry(m_mnuRomMenu, QStringLiteral("Game &Info..."),
+                              QStringLiteral("mnuRomMenu_GameInfo"),
+                              &RomMenu::mnuRomMenu_GameInfo_Click);
+}
 
-    m_mnuRomMenu->addSeparator();
-    AddDisabled(m_mnuRomMenu, QStringLiteral("Remo&ve"), QStringLiteral("mnuRomMenu_Remove"));
-    AddDisabled(m_mnuRomMenu, QStringLiteral("Re&name"), QStringLiteral("mnuRomMenu_Rename"));
-    m_mnuRomMenu->addSeparator();
-    AddDisabled(m_mnuRomMenu, QStringLiteral("Game &Info..."),
-                QStringLiteral("mnuRomMenu_GameInfo"));
+QAction* RomMenu::AddEntry(QMenu* menu, const QString& caption, const QString& name,
+                           void (RomMenu::*handler)()) {
+    QAction* action = menu->addAction(caption);
+    action->setObjectName(name);
+    connect(action, &QAction::triggered, this, handler);
+    return action;
 }
 
 void RomMenu::Prepare(int gameIndex) {
     m_gameIndex = gameIndex;
+    m_saveStates->SetGame(gameIndex);
     const bool hasGame = gameIndex >= 0;
-    m_mnuLaunchUsing->setEnabled(hasGame);
-    m_mnuProfile->setEnabled(hasGame);
+    for (QAction* entry : m_gameEntries)
+        entry->setEnabled(hasGame);
     if (!hasGame)
         return;
     PrepareLaunchUsing();
+    PrepareSendToGroup();
     PrepareProfiles();
 }
 
@@ -94,6 +121,35 @@ void RomMenu::PrepareLaunchUsing() {
     for (QAction* item : m_mnuLaunchUsing->actions())
         item->setChecked(!item->isSeparator() &&
                          item->text().compare(emulator, Qt::CaseInsensitive) == 0);
+}
+
+// One item per line of the group selector, the line "Ungrouped" hidden (the fixed
+// group has its own item); the selector's line is ticked.
+void RomMenu::PrepareSendToGroup() {
+    QStringList lines{FixedGroup};
+    for (int i = 0; i < m_state.Groups.Count(); ++i)
+        lines.append(m_state.Groups.Entries[i]);
+    const qsizetype shown = lines.indexOf(m_view.ShownGroup());
+    while (m_groupItems.size() < lines.size()) {
+        auto* item = new QAction(m_mnuSendToGroup);
+        item->setObjectName(QStringLiteral("mnuSendToGroup_Group"));
+        item->setCheckable(true);
+        const int itemIndex = static_cast<int>(m_groupItems.size());
+        connect(item, &QAction::triggered, this,
+                [this, itemIndex] { mnuSendToGroup_Group_Click(itemIndex); });
+        m_mnuSendToGroup->insertAction(m_mnuSendToGroupBar, item);
+        m_groupItems.append(item);
+    }
+    for (qsizetype i = 0; i < m_groupItems.size(); ++i) {
+        QAction* item = m_groupItems[i];
+        const bool isGroup = i < lines.size() && lines[i] != FixedGroup;
+        item->setData(lines.value(i));
+        item->setText(MenuCaption(lines.value(i)));
+        item->setVisible(isGroup); // items of groups removed since stay hidden
+        item->setChecked(i == shown);
+    }
+    m_mnuSendToGroupFixed->setChecked(
+        m_state.Games.Records[m_gameIndex].Group.compare(FixedGroup, Qt::CaseInsensitive) == 0);
 }
 
 void RomMenu::PrepareProfiles() {
@@ -142,4 +198,91 @@ void RomMenu::mnuProfile_New_Click() {
         m_state.Store, m_state.Emulators.Records[emulator].Name, m_owner);
     if (name && !name->trimmed().isEmpty())
         game.Profile = name->trimmed();
+}
+
+void RomMenu::mnuSendToGroup_Group_Click(int itemIndex) {
+    SendTo(m_groupItems[itemIndex]->data().toString());
+}
+
+void RomMenu::mnuSendToGroup_FixedGroup_Click() {
+    SendTo(FixedGroup);
+}
+
+void RomMenu::SendTo(const QString& group) {
+    if (m_gameIndex < 0 || m_view.ShownGroup() == group)
+        return;
+    SendToGroup(m_state, m_gameIndex, group);
+    const GameRecord& game = m_state.Games.Records[m_gameIndex];
+    if (m_state.Options.AutoSwitchGroup != 0)
+        m_view.SwitchToGroup(game.Group, game.Caption);
+    else
+        m_view.RemoveGameLine();
+}
+
+void RomMenu::mnuSendToGroup_NewGroup_Click() {
+    if (m_gameIndex < 0)
+        return;
+    const std::optional<QString> group = SendToNewGroup(m_state, m_prompts, m_gameIndex);
+    if (!group)
+        return;
+    m_view.RefillGroupList();
+    // Only exactly 1 switches here, while any value but 0 does for an existing group.
+    if (m_state.Options.AutoSwitchGroup == 1)
+        m_view.SwitchToGroup(*group, m_state.Games.Records[m_gameIndex].Caption);
+    else
+        m_view.RemoveGameLine();
+}
+
+void RomMenu::mnuSnapshot_Change_Click() {
+    if (m_gameIndex < 0)
+        return;
+    ChangeSnapshot(m_state, m_prompts, m_shell, m_state.Games.Records[m_gameIndex].Filename);
+    m_view.RefreshGame();
+}
+
+void RomMenu::mnuSnapshot_Open_Click() {
+    if (m_gameIndex < 0)
+        return;
+    OpenSnapshot(m_state, m_prompts, m_shell, m_state.Games.Records[m_gameIndex].Filename);
+    m_view.RefreshGame();
+}
+
+void RomMenu::mnuSnapshot_Remove_Click() {
+    if (m_gameIndex < 0)
+        return;
+    RemoveSnapshot(m_state, m_shell, m_state.Games.Records[m_gameIndex].Filename);
+    m_view.RefreshGame();
+}
+
+void RomMenu::mnuRomMenu_Remove_Click() {
+    if (m_gameIndex < 0)
+        return;
+    RemoveGame(m_state.Games, m_gameIndex);
+    m_view.RefillGameList();
+}
+
+void RomMenu::mnuRomMenu_Rename_Click() {
+    if (m_gameIndex < 0)
+        return;
+    if (const std::optional<QString> caption = RenameGame(m_state.Games, m_prompts, m_gameIndex))
+        m_view.ReplaceGameLine(*caption);
+}
+
+void RomMenu::mnuRomMenu_GameInfo_Click() {
+    if (m_gameIndex < 0)
+        return;
+    RomInfoRequest request;
+    {
+        const BusyPointer busy; // questions still show the normal pointer
+        request = PrepareRomInfo(m_state, m_prompts, m_gameIndex);
+    }
+    std::optional<QString> caption;
+    {
+        frmRomInfo dialog(m_state.Games, m_prompts, request, m_owner);
+        dialog.exec();
+        caption = dialog.NewCaption();
+    }
+    FinishRomInfo(m_state, m_prompts, request);
+    if (caption)
+        m_view.ReplaceGameLine(*caption);
 }

@@ -6,8 +6,8 @@
 #include "ui/frmEventLog.h"
 #include "ui/frmMain.h"
 
-std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, Launcher& launcher,
-                                     const QStringList& arguments) {
+std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, SystemShell& shell,
+                                     Launcher& launcher, const QStringList& arguments) {
     frmEventLog::Install();
     state.PictureTypes = FillPictureTypes();
     if (IsDebugSwitch(arguments)) {
@@ -15,7 +15,7 @@ std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, Launcher
         EventLog::OpenView();
     }
     LoadConfiguration(state);
-    auto window = std::make_unique<frmMain>(state, prompts, launcher);
+    auto window = std::make_unique<frmMain>(state, prompts, shell, launcher);
     window->Form_Load();
     return window;
 }

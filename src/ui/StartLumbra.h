@@ -5,6 +5,7 @@
 
 class Launcher;
 class Prompts;
+class SystemShell;
 class frmMain;
 struct AppState;
 
@@ -12,5 +13,5 @@ struct AppState;
 // window) when the command line is "/debug", the emulators, the settings, the game
 // folders, and then the main window's load. Returns the loaded main window, not
 // yet shown.
-std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, Launcher& launcher,
-                                     const QStringList& arguments);
+std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, SystemShell& shell,
+                                     Launcher& launcher, const QStringList& arguments);

@@ -10,10 +10,14 @@
 #include "launch/Launcher.h"
 #include "launch/OsHelpers.h"
 #include "snapshots/Snapshot.h"
+#include "ui/BusyPointer.h"
+#include "ui/FirstRunHint.h"
 #include "ui/RomMenu.h"
+#include "ui/frmAbout.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmGroupManager.h"
 #include "ui/frmLoadGameList.h"
+#include "ui/frmSettings.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -23,11 +27,14 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPixmap>
+#include <QSignalBlocker>
 #include <QStatusBar>
+#include <algorithm>
 
 namespace {
 
 const QString Store = QStringLiteral("reg");
+const QString RomFoldersPage = QStringLiteral("ROM Folders");
 constexpr int SnapshotWidth = 256; // one SNES screen
 constexpr int SnapshotHeight = 224;
 // Longer captions (a hand-edited store can hold any length) are cut for display;
@@ -47,13 +54,6 @@ QString CaptionOf(const QListWidgetItem* item) {
     return item->data(CaptionRole).toString();
 }
 
-// The hourglass for the whole screen while it lives.
-class BusyPointer {
-public:
-    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-};
-
 QAction* AddAction(QMenu* menu, const QString& caption, const QString& name) {
     QAction* action = menu->addAction(caption);
     action->setObjectName(name);
@@ -62,8 +62,10 @@ QAction* AddAction(QMenu* menu, const QString& caption, const QString& name) {
 
 } // namespace
 
-frmMain::frmMain(AppState& state, Prompts& prompts, Launcher& launcher, QWidget* parent)
-    : QMainWindow(parent), m_state(state), m_prompts(prompts), m_launcher(launcher) {
+frmMain::frmMain(AppState& state, Prompts& prompts, SystemShell& shell, Launcher& launcher,
+                 QWidget* parent)
+    : QMainWindow(parent), m_state(state), m_prompts(prompts), m_shell(shell),
+      m_launcher(launcher) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(AppTitle);
     CreateControls();
@@ -99,6 +101,8 @@ void frmMain::CreateControls() {
     m_lblScanReport->setObjectName(QStringLiteral("lblScanReport"));
     m_stbStatusBar->addPermanentWidget(m_lblScanReport);
     m_lblScanReport->hide();
+    m_firstRunHint =
+        new FirstRunHint(m_lstGameList, m_stbStatusBar, [this] { OpenSettings(RomFoldersPage); });
     m_inner->installEventFilter(this); // once its children exist
 }
 
@@ -108,22 +112,29 @@ void frmMain::CreateMenus() {
     connect(AddAction(options, QStringLiteral("&Group Manager"),
                       QStringLiteral("mnuOptions_GroupManager")),
             &QAction::triggered, this, &frmMain::mnuOptions_GroupManager_Click);
-    AddAction(options, QStringLiteral("&Front-End Settings..."),
-              QStringLiteral("mnuOptions_Settings"))
-        ->setEnabled(false);
+    connect(AddAction(options, QStringLiteral("&Front-End Settings..."),
+                      QStringLiteral("mnuOptions_Settings")),
+            &QAction::triggered, this, [this] { OpenSettings(); });
+    connect(AddAction(options, QStringLiteral("Game F&olders..."),
+                      QStringLiteral("mnuOptions_GameFolders")),
+            &QAction::triggered, this, [this] { OpenSettings(RomFoldersPage); });
     QMenu* exportMenu = options->addMenu(QStringLiteral("&Export..."));
     exportMenu->setObjectName(QStringLiteral("mnuOptions_Export"));
     AddAction(exportMenu, QStringLiteral("Game &List"),
               QStringLiteral("mnuOptions_Export_GameList"))
         ->setEnabled(false);
     options->addSeparator();
+    connect(
+        AddAction(options, QStringLiteral("&About Lumbra..."), QStringLiteral("mnuOptions_About")),
+        &QAction::triggered, this, [this] { frmAbout(m_prompts, m_shell, this).exec(); });
+    options->addSeparator();
     connect(AddAction(options, QStringLiteral("E&xit"), QStringLiteral("mnuOptions_Exit")),
             &QAction::triggered, this, [this] { CloseFor(FormCode); });
 
-    m_romMenu = new RomMenu(m_state, this);
+    m_romMenu = new RomMenu(m_state, m_prompts, m_shell, *this, this);
     menuBar()->addMenu(m_romMenu->Menu());
     connect(m_romMenu->Menu(), &QMenu::aboutToShow, this,
-            [this] { m_romMenu->Prepare(m_selectedGame); });
+            [this] { m_romMenu->Prepare(CurrentGame()); });
 
     m_mnuDevMenu = menuBar()->addMenu(QStringLiteral("&Debug Options"));
     m_mnuDevMenu->setObjectName(QStringLiteral("mnuDevMenu"));
@@ -156,6 +167,7 @@ void frmMain::Form_Load() {
     }
     const QString& defaultGroup = m_state.Options.DefaultGroup;
     SelectGroup(cboGroupList_SearchIndex(defaultGroup) >= 0 ? defaultGroup : FixedGroup);
+    m_lstGameList->setFocus(); // the keys pick, start and open the menu of games at once
     m_loaded = true;
     Form_Resize();
 }
@@ -243,6 +255,78 @@ void frmMain::lstGameList_DblClick() {
     lstGameList_Click(); // the snapshot may have changed during play
 }
 
+int frmMain::CurrentGame() const {
+    return m_lstGameList->currentItem() ? m_selectedGame : -1;
+}
+
+// Selects the line at row, or the last line when row is past the end, and shows
+// its game; an empty list shows the no-snapshot picture.
+void frmMain::SelectGameLine(int row) {
+    const int count = m_lstGameList->count();
+    if (count == 0) {
+        ShowNoSnapshot();
+        UpdateStatusBar();
+        return;
+    }
+    {
+        const QSignalBlocker quiet(m_lstGameList);
+        m_lstGameList->setCurrentRow(std::clamp(row, 0, count - 1));
+    }
+    lstGameList_Click();
+}
+
+QString frmMain::ShownGroup() const {
+    return m_cboGroupList->currentText();
+}
+
+void frmMain::ReplaceGameLine(const QString& caption) {
+    const int row = m_lstGameList->currentRow();
+    if (row < 0)
+        return;
+    {
+        const QSignalBlocker quiet(m_lstGameList);
+        delete m_lstGameList->takeItem(row);
+        m_lstGameList->insertItem(row, GameItem(caption));
+    }
+    SelectGameLine(row);
+}
+
+void frmMain::RefillGameList() {
+    const int row = m_lstGameList->currentRow();
+    {
+        const QSignalBlocker quiet(m_lstGameList);
+        lstGameList_AddGameList(m_currentGroup);
+    }
+    SelectGameLine(row);
+}
+
+void frmMain::RemoveGameLine() {
+    const int row = m_lstGameList->currentRow();
+    if (row < 0)
+        return;
+    {
+        const QSignalBlocker quiet(m_lstGameList);
+        delete m_lstGameList->takeItem(row);
+    }
+    SelectGameLine(row);
+}
+
+void frmMain::RefillGroupList() {
+    cboGroupList_AddGroupList();
+    m_cboGroupList->setCurrentIndex(std::max(0, cboGroupList_SearchIndex(m_currentGroup)));
+}
+
+void frmMain::SwitchToGroup(const QString& group, const QString& caption) {
+    SelectGroup(group);
+    const int row = lstGameList_SearchIndex(caption);
+    if (row >= 0)
+        SelectGameLine(row);
+}
+
+void frmMain::RefreshGame() {
+    lstGameList_Click();
+}
+
 void frmMain::ShowSnapshot(const QString& fileName, const QString& snapshotFolder) {
     const std::optional<QString> snapshot = FindSnapshot(fileName, snapshotFolder);
     if (!snapshot)
@@ -269,7 +353,16 @@ bool frmMain::ShowPicture(const QString& path) {
     return true;
 }
 
+void frmMain::OpenSettings(const QString& page) {
+    frmSettings settings(m_state, m_prompts, m_shell, this, this);
+    settings.ShowPage(page);
+    settings.exec();
+}
+
 void frmMain::UpdateStatusBar() {
+    m_firstRunHint->SetShown(m_state.GameFolders.Count() == 0);
+    if (m_firstRunHint->IsShown())
+        return;
     const int listed = m_lstGameList->count();
     QString text =
         QStringLiteral("%1 game%2 in %3").arg(listed).arg(listed == 1 ? "" : "s", m_currentGroup);
@@ -371,16 +464,28 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
             lstGameList_DblClick();
             return true;
         }
+        // The context-menu key and Shift+F10 open the game menu below the selected line.
+        if (key->key() == Qt::Key_Menu ||
+            (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier)) {
+            if (QListWidgetItem* item = m_lstGameList->currentItem())
+                PopupRomMenu(m_lstGameList->viewport()->mapToGlobal(
+                    m_lstGameList->visualItemRect(item).bottomLeft()));
+            return true;
+        }
     } else if (watched == m_lstGameList->viewport() &&
                event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (mouse->button() == Qt::RightButton && m_lstGameList->currentItem()) {
-            m_romMenu->Prepare(m_selectedGame);
-            m_romMenu->Menu()->popup(mouse->globalPosition().toPoint());
+            PopupRomMenu(mouse->globalPosition().toPoint());
             return true;
         }
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+// The menu prepares itself for the selected game as it opens.
+void frmMain::PopupRomMenu(const QPoint& position) {
+    m_romMenu->Menu()->popup(position);
 }
 
 void frmMain::CloseFor(CloseReason reason) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "ui/GameListView.h"
+
 #include <QMainWindow>
 #include <optional>
 
+class FirstRunHint;
 class Launcher;
 class Prompts;
 class QComboBox;
@@ -11,19 +14,21 @@ class QListWidget;
 class QMenu;
 class QStatusBar;
 class RomMenu;
+class SystemShell;
 struct AppState;
 struct ScanReport;
 
 // The main window: the group selector, the selected group's games, the selected
 // game's snapshot, the menus, and the load and close sequences.
-class frmMain final : public QMainWindow {
+class frmMain final : public QMainWindow, public GameListView {
     Q_OBJECT
 public:
     // Why the window closes: the close box, the program (Exit), the end of the
     // player's session, or the task list.
     enum CloseReason { FormControlMenu = 0, FormCode = 1, AppWindows = 2, FormTaskManager = 3 };
 
-    frmMain(AppState& state, Prompts& prompts, Launcher& launcher, QWidget* parent = nullptr);
+    frmMain(AppState& state, Prompts& prompts, SystemShell& shell, Launcher& launcher,
+            QWidget* parent = nullptr);
 
     // Restores the placement, imports the groups, rebuilds the game list and shows
     // the default group. Called once before the window is shown.
@@ -35,6 +40,20 @@ public:
 
     int cboGroupList_SearchIndex(const QString& text) const;
     int lstGameList_SearchIndex(const QString& caption) const;
+
+    // Opens the settings dialog on the named page, or on the first.
+    void OpenSettings(const QString& page = QString());
+    // Names the files a scan left out in the status bar (a full catalogue, say).
+    void ShowScanReport(const ScanReport& report);
+
+    // What the game menu changes.
+    QString ShownGroup() const override;
+    void ReplaceGameLine(const QString& caption) override;
+    void RefillGameList() override;
+    void RemoveGameLine() override;
+    void RefillGroupList() override;
+    void SwitchToGroup(const QString& group, const QString& caption) override;
+    void RefreshGame() override;
 
 signals:
     // The window has closed for good: the program ends.
@@ -54,11 +73,14 @@ private:
     void cboGroupList_Click();
     void lstGameList_Click();
     void lstGameList_DblClick();
+    // The selected game, or -1 while no line is selected.
+    int CurrentGame() const;
+    void SelectGameLine(int row);
+    void PopupRomMenu(const QPoint& position);
     void ShowSnapshot(const QString& fileName, const QString& snapshotFolder);
     void ShowNoSnapshot();
     bool ShowPicture(const QString& path);
     void UpdateStatusBar();
-    void ShowScanReport(const ScanReport& report);
     void mnuOptions_GroupManager_Click();
     void SaveEverythingBusy();
     void ApplyPlacement();
@@ -68,6 +90,7 @@ private:
 
     AppState& m_state;
     Prompts& m_prompts;
+    SystemShell& m_shell;
     Launcher& m_launcher;
     QString m_currentGroup;
     int m_selectedGame = -1;
@@ -86,6 +109,7 @@ private:
     QLabel* m_picSnapshot = nullptr;
     QStatusBar* m_stbStatusBar = nullptr;
     QLabel* m_lblScanReport = nullptr;
+    FirstRunHint* m_firstRunHint = nullptr;
     QMenu* m_mnuDevMenu = nullptr;
     RomMenu* m_romMenu = nullptr;
 };

@@ -5,7 +5,7 @@
 
 namespace {
 
-const QString Section = QStringLiteral("Group List");
+const QString Section = "Group List";
 const QString Refused = "...\r\nGroupList is either full or the group to add is the Fixed Group.";
 
 class GroupListTest : public LumbraTest {

@@ -214,9 +214,9 @@ TEST_F(CliTest, ListBuildsTheCatalogueAsTheMainWindowDoes) {
     EXPECT_EQ(zelda.value("Folder").toString(), folder);
     EXPECT_EQ(zelda.value("Emulator").toString(), "Snes9X");
 
-    // list writes nothing; scan stores the game list as a close would.
+    // list writes nothing (the group stays "RPG"); scan stores the game list as a close would.
     SettingsStore store;
-    EXPECT_FALSE(store.Contains("Game List\\" + folder, "mario.smc"));
+    EXPECT_EQ(store.Read("Game List\\" + folder, "zelda.sfc"), "The Legend;RPG;Snes9X;fast");
     EXPECT_EQ(Run({"scan"}).ExitCode, 0);
     store.Sync();
     EXPECT_TRUE(store.Contains("Game List\\" + folder, "mario.smc"));

@@ -3,9 +3,9 @@
 
 TEST_F(LumbraTest, ProfileMenuListsSortsTicksAndKeepsItems) {
     for (const char* name : {"fast", "Basic", "clean"})
-        WriteProfile(m_state.Store, QStringLiteral("Snes9X"), name, QStringLiteral("-opt"));
-    WriteProfile(m_state.Store, QStringLiteral("ZSnes"), QStringLiteral("zeta"), "-m");
-    EXPECT_EQ(ReadProfile(m_state.Store, "ZSnes", "zeta"), QStringLiteral("-m"));
+        WriteProfile(m_state.Store, "Snes9X", name, "-opt");
+    WriteProfile(m_state.Store, "ZSnes", "zeta", "-m");
+    EXPECT_EQ(ReadProfile(m_state.Store, "ZSnes", "zeta"), "-m");
 
     // Items are never removed: captions left from earlier builds are sorted with the
     // new ones. "*" marks a ticked item and "-" a disabled one.

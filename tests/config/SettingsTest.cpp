@@ -8,7 +8,7 @@
 
 TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     m_state.Options.SPC_ShowMenu = 0;
-    ImportSettings(m_state, QStringLiteral("reg"), QString());
+    ImportSettings(m_state, "reg", QString());
     Settings expected = DefaultSettings();
     EXPECT_TRUE(m_state.Options == expected);
     // A first run names no folder that does not exist here, nor a relative "c:\".
@@ -23,7 +23,7 @@ TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     m_state.Store.Write("Settings", "Snapshots_Show", "");
     m_state.Store.Write("Settings", "MainForm", "left;20;30;40");
     m_state.Options.SPC_ShowMenu = 0;
-    ImportSettings(m_state, QStringLiteral("reg"), QString());
+    ImportSettings(m_state, "reg", QString());
     expected.MainForm = {1860, 20, 30, 40, 0};
     EXPECT_TRUE(m_state.Options == expected);
 }
@@ -52,18 +52,18 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
 
     // The file target only logs; an unknown target does nothing.
     EnableLog();
-    const QString file = TempPath(QStringLiteral("settings.ini"));
-    ExportSettings(m_state, QStringLiteral("file"), file);
-    ImportSettings(m_state, QStringLiteral("Ini"), file);
-    ExportSettings(m_state, QStringLiteral("xml"), file);
+    const QString file = TempPath("settings.ini");
+    ExportSettings(m_state, "file", file);
+    ImportSettings(m_state, "Ini", file);
+    ExportSettings(m_state, "xml", file);
     EXPECT_FALSE(QFileInfo::exists(file));
     EXPECT_EQ(m_state.Store.Sections(), QStringList{"Emulators"});
     EXPECT_EQ(LogText(), "\r\nExporting Settings to file: " + file +
                              "\r\nImporting Settings from file: " + file);
 
-    ExportSettings(m_state, QStringLiteral("REG"), QString());
+    ExportSettings(m_state, "REG", QString());
     EXPECT_EQ(m_state.Store.Read("Folders", "Snes9X"), "/emu/Snes9X/;/saves/Snes9X/;Fast Snes9X");
-    ImportSettings(restored, QStringLiteral("Registry"), QString());
+    ImportSettings(restored, "Registry", QString());
     EXPECT_TRUE(restored.Options == m_state.Options);
     EXPECT_TRUE(restored.Emulators.Records == m_state.Emulators.Records);
 }

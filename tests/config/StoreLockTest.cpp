@@ -13,11 +13,6 @@ namespace {
 
 using StoreLockTest = LumbraTest;
 
-QByteArray FileBytes(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 TEST_F(StoreLockTest, ASaveWritesTheFileOnceWhenItsBatchEnds) {
     const QString path = m_state.Store.FilePath();
     {
@@ -29,30 +24,27 @@ TEST_F(StoreLockTest, ASaveWritesTheFileOnceWhenItsBatchEnds) {
             m_state.Store.Write("Settings", "DefaultGroup", "Puzzle");
             m_state.Store.Sync();
         }
-        EXPECT_FALSE(FileBytes(path).contains("Puzzle"));
+        EXPECT_FALSE(ReadFile(path).contains("Puzzle"));
     }
-    EXPECT_TRUE(FileBytes(path).contains("00=Puzzle"));
-    EXPECT_TRUE(FileBytes(path).contains("DefaultGroup=Puzzle"));
+    EXPECT_TRUE(ReadFile(path).contains("00=Puzzle"));
+    EXPECT_TRUE(ReadFile(path).contains("DefaultGroup=Puzzle"));
 }
 
 TEST_F(StoreLockTest, OnlyLocksThatNoLiveProcessHoldsAreRemoved) {
     const QString lockPath = TempPath("store.lock");
-    const auto writeLock = [&lockPath](const QByteArray& bytes, qint64 ageSeconds) {
+    // Just left empty by a kill, empty for an hour, left by an owner that has gone.
+    const std::pair<QByteArray, qint64> abandoned[] = {
+        {"", 0}, {"", 3600}, {"2147483000\nlumbra\nelsewhere\n", 0}};
+    for (const auto& [bytes, ageSeconds] : abandoned) {
         QFile file(lockPath);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         file.setFileTime(QDateTime::currentDateTime().addSecs(-ageSeconds),
                          QFileDevice::FileModificationTime);
-    };
-    writeLock("", 0); // just left empty by a kill
-    RemoveAbandonedLock(lockPath);
-    EXPECT_FALSE(QFile::exists(lockPath));
-    writeLock("", 3600);
-    RemoveAbandonedLock(lockPath);
-    EXPECT_FALSE(QFile::exists(lockPath));
-    writeLock("2147483000\nlumbra\nelsewhere\n", 0); // its owner has gone
-    RemoveAbandonedLock(lockPath);
-    EXPECT_FALSE(QFile::exists(lockPath));
+        file.close();
+        RemoveAbandonedLock(lockPath);
+        EXPECT_FALSE(QFile::exists(lockPath)) << ageSeconds << bytes.constData();
+    }
 
     QLockFile held(lockPath);
     ASSERT_TRUE(held.tryLock(0));

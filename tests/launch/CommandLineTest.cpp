@@ -6,29 +6,17 @@
 
 namespace {
 
-class CommandLineTest : public LumbraTest {
-protected:
-    void WriteProgram(const QString& relativePath, bool executable) {
-        QFile(WriteFile(relativePath, "#!/bin/sh\n"))
-            .setPermissions(QFile::ReadOwner | QFile::WriteOwner |
-                            (executable ? QFile::ExeOwner : QFile::Permissions()));
-    }
-    QString WithRoot(QString text) const { return text.replace(QStringLiteral("%T"), TempPath()); }
-};
+using CommandLineTest = LumbraTest;
 
 TEST_F(CommandLineTest, TheProgramIsTheFirstExistingFileAmongThePrefixes) {
-    WriteProgram(QStringLiteral("Emu Folder/ZSnes"), true);
-    WriteProgram(QStringLiteral("Emu Folder/Snes9X.sh"), false);
-    WriteProgram(QStringLiteral("Run"), true);
-    WriteProgram(QStringLiteral("Run Me"), true);
-    MakeFolder(QStringLiteral("Emu"));
-    const QString zsnes = QStringLiteral("%T/Emu Folder/ZSnes");
-
-    const struct {
-        const char* commandLine;
-        QString program; // empty: nothing to start
-        QStringList arguments;
-    } cases[] = {
+    for (const QString program : {"Emu Folder/ZSnes", "Emu Folder/Snes9X.sh", "Run", "Run Me"})
+        QFile(WriteFile(program, "#!/bin/sh\n"))
+            .setPermissions(QFile::ReadOwner |
+                            (program.endsWith(".sh") ? QFile::Permissions() : QFile::ExeOwner));
+    MakeFolder("Emu");
+    const QString zsnes = "%T/Emu Folder/ZSnes";
+    // The command line, the program (empty: nothing to start) and its arguments.
+    const std::tuple<QString, QString, QStringList> cases[] = {
         {R"("%T/Emu Folder/ZSnes" -v "a b")", zsnes, {"-v", "a b"}},
         {R"(  "%T/emu folder/zsnes")", zsnes, {}},
         {R"("%T/Emu Folder/ZSnes)", zsnes, {}},
@@ -37,26 +25,21 @@ TEST_F(CommandLineTest, TheProgramIsTheFirstExistingFileAmongThePrefixes) {
         {R"(%T/run me now)", "%T/Run", {"me", "now"}},
         {R"(%T/nothing here)", {}, {}},
         {R"("%T/Emu Folder" x)", {}, {}},
-        {R"("%T/Emu Folder/missing" x)", {}, {}},
         {"", {}, {}},
         {R"(zsnes "a b")", zsnes, {"a b"}}, // from the current folder
     };
     const QString saved = QDir::currentPath();
-    QDir::setCurrent(TempPath(QStringLiteral("Emu Folder")));
+    QDir::setCurrent(TempPath("Emu Folder"));
     for (auto [commandLine, program, arguments] : cases) {
-        const ParsedCommand parsed = ParseCommandLine(WithRoot(QString::fromUtf8(commandLine)));
-        EXPECT_EQ(parsed.Program, WithRoot(program)) << commandLine;
-        EXPECT_EQ(parsed.Arguments, arguments.replaceInStrings(QStringLiteral("%T"), TempPath()))
-            << commandLine;
+        const ParsedCommand parsed = ParseCommandLine(commandLine.replace("%T", TempPath()));
+        EXPECT_EQ(parsed.Program, program.replace("%T", TempPath())) << commandLine.toStdString();
+        EXPECT_EQ(parsed.Arguments, arguments.replaceInStrings("%T", TempPath()));
     }
     QDir::setCurrent(saved);
 }
 
 TEST(SplitArguments, QuotesGroupAndBackslashesEscapeOnlyBeforeAQuote) {
-    const struct {
-        const char* text;
-        QStringList arguments;
-    } cases[] = {
+    const std::pair<const char*, QStringList> cases[] = {
         {"a  b\tc", {"a", "b", "c"}},
         {R"( "a b" c )", {"a b", "c"}},
         {R"(a"b c"d)", {"ab cd"}},
@@ -76,8 +59,8 @@ TEST(SplitArguments, QuotesGroupAndBackslashesEscapeOnlyBeforeAQuote) {
     QStringList quoted;
     for (const QString& argument : awkward)
         quoted.append(QuoteCommandLineArgument(argument));
-    EXPECT_EQ(SplitArguments(quoted.join(QLatin1Char(' '))), awkward);
-    EXPECT_EQ(quoted.last(), QStringLiteral("plain"));
+    EXPECT_EQ(SplitArguments(quoted.join(' ')), awkward);
+    EXPECT_EQ(quoted.last(), "plain");
 }
 
 } // namespace

@@ -27,8 +27,8 @@ TEST_F(DecompressGameTest, ReturnsTheFirstGameImageAndFlushesEverything) {
     WriteFile("unzip/keep.txt");
     for (const auto& [files, game] : cases) {
         // The catalogue's lower-case path reaches the archive's real name.
-        MakeZip(QStringLiteral("Mixed.ZIP"), files);
-        EXPECT_EQ(Decompress(TempPath(QStringLiteral("games/mixed.zip"))), game);
+        MakeZip("Mixed.ZIP", files);
+        EXPECT_EQ(Decompress(TempPath("games/mixed.zip")), game);
         EXPECT_EQ(UnzipFile(game), m_game);
         EXPECT_EQ(UnzipFolderNames().size(), files.size() + 1) << game.toStdString();
         // The flush, in any letter case, passes over a file already gone.

@@ -8,19 +8,19 @@
 #include <archive_entry.h>
 
 ZipFixture::ZipFixture() {
-    m_unzip = MakeFolder(QStringLiteral("unzip"));
-    MakeFolder(QStringLiteral("games"));
-    MakeFolder(QStringLiteral("outside"));
+    m_unzip = MakeFolder("unzip");
+    MakeFolder("games");
+    MakeFolder("outside");
     m_state.Options.UnzipFolder = m_unzip + QLatin1Char('/');
 }
 
 QString ZipFixture::MakeZip(const QString& name, const Files& files, const QString& password) {
     ScriptedPrompts prompts;
     QzZipFiles zip(prompts);
-    zip.RootDirectory = MakeFolder(QStringLiteral("source-") + name);
-    zip.ZipFileName = TempPath(QStringLiteral("games/") + name);
+    zip.RootDirectory = MakeFolder("source-" + name);
+    zip.ZipFileName = TempPath("games/" + name);
     for (const auto& [path, bytes] : files) {
-        WriteFile(QStringLiteral("source-") + name + QLatin1Char('/') + path, bytes);
+        WriteFile("source-" + name + QLatin1Char('/') + path, bytes);
         EXPECT_FALSE(zip.AddFile(path));
     }
     zip.Encrypted = !password.isEmpty();
@@ -32,7 +32,7 @@ QString ZipFixture::MakeZip(const QString& name, const Files& files, const QStri
 
 QString ZipFixture::MakeRawZip(const QString& name, const QList<RawEntry>& entries,
                                const char* options, const char* passphrase) {
-    const QString path = TempPath(QStringLiteral("games/") + name);
+    const QString path = TempPath("games/" + name);
     archive* writer = archive_write_new();
     archive_write_set_format_zip(writer);
     EXPECT_EQ(archive_write_set_options(writer, options), ARCHIVE_OK);
@@ -79,11 +79,6 @@ QStringList ZipFixture::UnzipFolderFiles() const {
 void ZipFixture::EmptyUnzipFolder() {
     for (const QString& name : UnzipFolderNames())
         QFile::remove(m_unzip + QLatin1Char('/') + name);
-}
-
-QByteArray ZipFixture::UnzipFile(const QString& name) const {
-    QFile file(m_unzip + QLatin1Char('/') + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
 }
 
 QMap<QString, QString> ZipFixture::OutsideTree() const {

@@ -5,22 +5,17 @@
 
 #include <QList>
 #include <QMap>
-#include <utility>
 
 // An entry written with libarchive's zip writer directly, for what QzZipFiles never
 // makes: hostile names, links, huge or size-less entries, traditional encryption.
 struct RawEntry {
     enum class Kind { File, SymbolicLink, HardLink };
-    RawEntry(QByteArray name, QByteArray data = {}, Kind type = Kind::File, QByteArray target = {},
-             qint64 zeros = 0, bool sizeUnknown = false)
-        : Name(std::move(name)), Data(std::move(data)), Type(type), Target(std::move(target)),
-          Zeros(zeros), SizeUnknown(sizeUnknown) {}
-    QByteArray Name;
-    QByteArray Data;
-    Kind Type;
-    QByteArray Target; // a link's target
-    qint64 Zeros;      // that many zero bytes after Data
-    bool SizeUnknown;  // the local header gives no size
+    QByteArray Name{};
+    QByteArray Data{};
+    Kind Type = Kind::File;
+    QByteArray Target{};      // a link's target
+    qint64 Zeros = 0;         // that many zero bytes after Data
+    bool SizeUnknown = false; // the local header gives no size
 };
 
 // A temporary folder with "unzip" (the unzip folder), "games" for archives and
@@ -39,7 +34,7 @@ protected:
     // The unzip folder's names, hidden ones included, sorted; or "name=bytes" for each.
     QStringList UnzipFolderNames() const;
     QStringList UnzipFolderFiles() const;
-    QByteArray UnzipFile(const QString& name) const;
+    QByteArray UnzipFile(const QString& name) const { return ReadFile(m_unzip + '/' + name); }
     void EmptyUnzipFolder();
     // Every path of the temporary folder outside the unzip folder, with a file's bytes,
     // a link's target or "folder".

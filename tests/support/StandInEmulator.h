@@ -5,9 +5,10 @@
 
 // An emulator for tests: a small /bin/sh script that, each time it runs,
 //  1. writes its current folder to "<name>.cwd.txt" beside itself,
-//  2. writes a 1x1 PNG picture into its save folder (by default "save/" beside
-//     itself, made when the script is written) under the first free name of
-//     "shot1.png", "shot2.png", ..., standing in for a screenshot taken during play,
+//  2. writes a small file into its save folder (by default "save/" beside itself,
+//     made when the script is written) under the first free name of "shot1.png",
+//     "shot2.png", ..., standing in for a screenshot taken during play (nothing
+//     that takes it decodes it),
 //  3. writes its arguments, one a line, to "<name>.args.txt" beside itself, whole,
 //     as its last step, and exits 0.
 // The file paths are fixed when the script is written, so it records to the same

@@ -36,3 +36,8 @@ QString LumbraTest::WriteFile(const QString& relativePath, const QByteArray& byt
         file.write(bytes);
     return path;
 }
+
+QByteArray LumbraTest::ReadFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}

@@ -22,6 +22,8 @@ protected:
     QString WriteFile(const QString& relativePath, const QByteArray& bytes = QByteArray());
     QString MakeFolder(const QString& relativePath);
     QString TempPath(const QString& relativePath = QString()) const;
+    // A file's bytes; empty when it cannot be read.
+    static QByteArray ReadFile(const QString& path);
 
     QTemporaryDir m_temp;
     AppState m_state;

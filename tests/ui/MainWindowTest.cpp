@@ -3,6 +3,7 @@
 #include "launch/Launcher.h"
 #include "support/RecordingLauncher.h"
 #include "support/ScriptedPrompts.h"
+#include "support/ScriptedShell.h"
 #include "support/TestFixtures.h"
 #include "ui/StartLumbra.h"
 #include "ui/frmEventLog.h"
@@ -47,7 +48,7 @@ protected:
     }
 
     void Start(const QStringList& arguments = {}) {
-        m_window = StartLumbra(m_state, m_prompts, m_launcher, arguments);
+        m_window = StartLumbra(m_state, m_prompts, m_shell, m_launcher, arguments);
         m_window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
     }
@@ -74,6 +75,7 @@ protected:
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
 
     ScriptedPrompts m_prompts;
+    ScriptedShell m_shell;
     RecordingLauncher m_launcher;
     std::unique_ptr<frmMain> m_window;
 };
@@ -113,7 +115,7 @@ TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
                                                m_state.Games.FindGame("title", "Tetris")}));
 }
 
-TEST_F(MainWindowTest, DebugCloseAsksAndCancelKeepsEverythingRunningUnsaved) {
+TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheCloseReason) {
     SeedStore();
     m_state.Store.Clear();
     Start({"/debug"});
@@ -126,17 +128,6 @@ TEST_F(MainWindowTest, DebugCloseAsksAndCancelKeepsEverythingRunningUnsaved) {
     EXPECT_FALSE(StoreHasSettings());
     EXPECT_EQ(closed.count(), 0);
 
-    m_prompts.AnswerMessage(PromptAnswer::Yes);
-    QTimer::singleShot(50, [] { frmEventLog::Instance()->close(); });
-    Trigger("mnuOptions_Exit");
-    EXPECT_EQ(closed.count(), 1);
-    EXPECT_TRUE(StoreHasSettings());
-    EXPECT_EQ(m_prompts.AskedTexts(), QStringList(2, "View the Event Log before Ending?"));
-    EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNoCancel);
-}
-
-TEST_F(MainWindowTest, YesShowsTheLogWithTheCloseReasonAndNoJustSaves) {
-    Start({"/debug"});
     m_prompts.AnswerMessage(PromptAnswer::Yes);
     QString logAtEnd;
     QTimer::singleShot(50, [&logAtEnd] {
@@ -151,13 +142,18 @@ TEST_F(MainWindowTest, YesShowsTheLogWithTheCloseReasonAndNoJustSaves) {
         "\r\nExporting GameList to: Registry...Done.\r\n\r\nWaiting to End Lumbra (Unload Mode "
         "0)")))
         << logAtEnd.toStdString();
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_TRUE(StoreHasSettings());
+    EXPECT_EQ(m_prompts.AskedTexts(), QStringList(2, "View the Event Log before Ending?"));
+    EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNoCancel);
 
+    // Without debug mode the menu's Exit asks nothing and saves.
     EventLog::Reset();
     m_window.reset();
     m_state.Store.Clear();
     Start();
-    m_window->close();
-    EXPECT_TRUE(m_prompts.Asked().size() == 1); // no question without debug mode
+    Trigger("mnuOptions_Exit");
+    EXPECT_EQ(m_prompts.Asked().size(), 2);
     EXPECT_TRUE(StoreHasSettings());
 }
 

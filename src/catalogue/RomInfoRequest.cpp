@@ -1,0 +1,34 @@
+#include "catalogue/RomInfoRequest.h"
+
+#include "app/AppState.h"
+#include "app/EventLog.h"
+#include "app/Prompts.h"
+#include "app/StringHelpers.h"
+#include "rom/DecompressGame.h"
+
+RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
+    const GameRecord& game = state.Games.Records[index];
+    const QString folder = AddBackslash(game.Folder);
+    RomInfoRequest request{game.Filename, folder,     game.Filename, folder,
+                           game.Caption,  game.Group, index};
+    request.Zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+    if (!request.Zipped)
+        return request;
+    const PromptAnswer answer = prompts.Message(
+        QStringLiteral("The file you are requesting information for is compressed.\r\n"
+                       "Do you want to decompress it and retrieve the additional internal data?"),
+        PromptButtons::YesNo, PromptIcon::Question);
+    if (answer != PromptAnswer::Yes) {
+        request.ExtractData = false;
+        return request;
+    }
+    request.RomFilename = DecompressGame(state, prompts, folder + game.Filename);
+    request.RomPath = AddBackslash(state.Options.UnzipFolder);
+    LogEvent(QStringLiteral("Decompressed: ") + folder + game.Filename);
+    return request;
+}
+
+void FinishRomInfo(AppState& state, Prompts& prompts, const RomInfoRequest& request) {
+    if (request.Zipped)
+        DecompressGame(state, prompts, QStringLiteral("flush"));
+}

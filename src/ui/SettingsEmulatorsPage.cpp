@@ -1,0 +1,109 @@
+#include "ui/SettingsEmulatorsPage.h"
+
+#include "app/AppState.h"
+#include "ui/frmProfileEditor.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <algorithm>
+
+namespace {
+
+QComboBox* AddSelector(QWidget* page, QGridLayout* grid, int row, const QString& caption,
+                       const QString& name) {
+    auto* selector = new QComboBox(page);
+    selector->setObjectName(name);
+    auto* label = new QLabel(caption, page);
+    label->setBuddy(selector);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(selector, row, 1);
+    return selector;
+}
+
+} // namespace
+
+SettingsEmulatorsPage::SettingsEmulatorsPage(SettingsContext& context)
+    : SettingsPage(context, QStringLiteral("Emulators")) {
+    auto* grid = new QGridLayout(this);
+    m_cboEmulator =
+        AddSelector(this, grid, 0, QStringLiteral("Emulator:"), QStringLiteral("cboEmulator"));
+    connect(m_cboEmulator, &QComboBox::activated, this, &SettingsEmulatorsPage::cboEmulator_Click);
+
+    // The store joins an emulator's folders and profile with ";".
+    auto* noDelimiter =
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[^;]*")), this);
+    AddFolder(grid, 1, QStringLiteral("Folder:"), QStringLiteral("txtEmuFolder"),
+              [this]() -> QString& { return SelectedRecord().Folder; })
+        ->setValidator(noDelimiter);
+    AddFolder(grid, 2, QStringLiteral("Save Folder:"), QStringLiteral("txtEmuSaveFolder"),
+              [this]() -> QString& { return SelectedRecord().SaveFolder; })
+        ->setValidator(noDelimiter);
+    m_txtDefaultProfile = AddText(grid, 3, QStringLiteral("Defualt Settings Profile:"),
+                                  QStringLiteral("txtDefaultProfile"),
+                                  [this]() -> QString& { return SelectedRecord().DefaultProfile; });
+    m_txtDefaultProfile->setValidator(noDelimiter);
+
+    m_lblLaunchFiles = new QLabel(this);
+    m_lblLaunchFiles->setObjectName(QStringLiteral("lblLaunchFiles"));
+    m_lblLaunchFiles->setToolTip(QStringLiteral("The files tried, in this order, to start the "
+                                                "emulator from its folder"));
+    grid->addWidget(m_lblLaunchFiles, 4, 1, 1, 2);
+
+    m_cboDefaultEmulator = AddSelector(this, grid, 5, QStringLiteral("Default:"),
+                                       QStringLiteral("cboDefaultEmulator"));
+    connect(m_cboDefaultEmulator, &QComboBox::activated, this, [this] {
+        m_context.State.Options.DefaultEmulator = m_cboDefaultEmulator->currentText();
+    });
+    QPushButton* settings =
+        AddButton(QStringLiteral("cmdEmuSettings"), QStringLiteral("Settings..."));
+    settings->setToolTip(QStringLiteral("Create a settings profile for the emulator and make it "
+                                        "its default"));
+    connect(settings, &QPushButton::clicked, this, &SettingsEmulatorsPage::cmdEmuSettings_Click);
+    grid->addWidget(settings, 6, 2);
+    grid->setRowStretch(7, 1);
+}
+
+void SettingsEmulatorsPage::Fill() {
+    const EmulatorTable& emulators = m_context.State.Emulators;
+    for (QComboBox* selector : {m_cboEmulator, m_cboDefaultEmulator}) {
+        if (selector->count() > 0)
+            continue;
+        for (const EmulatorRecord& emulator : emulators.Records)
+            selector->addItem(emulator.Name);
+    }
+    const QString& defaultEmulator = m_context.State.Options.DefaultEmulator;
+    m_cboDefaultEmulator->setCurrentIndex(
+        m_cboDefaultEmulator->findText(defaultEmulator, Qt::MatchFixedString));
+    // The page opens on the default emulator, or the first when that is unknown.
+    m_cboEmulator->setCurrentIndex(
+        std::max(0, m_cboEmulator->findText(defaultEmulator, Qt::MatchFixedString)));
+    cboEmulator_Click();
+}
+
+QString SettingsEmulatorsPage::SelectedEmulator() const {
+    return m_cboEmulator->currentText();
+}
+
+EmulatorRecord& SettingsEmulatorsPage::SelectedRecord() {
+    EmulatorTable& emulators = m_context.State.Emulators;
+    return emulators.Records[std::max(0, emulators.FindEmulatorIndex(SelectedEmulator()))];
+}
+
+void SettingsEmulatorsPage::cboEmulator_Click() {
+    SettingsPage::Fill();
+    m_lblLaunchFiles->setText(
+        SelectedRecord().LaunchFiles.split(QLatin1Char(';')).join(QLatin1Char(' ')));
+}
+
+void SettingsEmulatorsPage::cmdEmuSettings_Click() {
+    const std::optional<QString> profile =
+        frmProfileEditor::NewProfile(m_context.State.Store, SelectedEmulator(), this);
+    if (!profile || profile->isEmpty() || profile->contains(QLatin1Char(';')))
+        return;
+    SelectedRecord().DefaultProfile = *profile;
+    m_txtDefaultProfile->setText(*profile);
+}

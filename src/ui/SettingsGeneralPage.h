@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ui/SettingsPage.h"
+
+class QComboBox;
+
+// "General Options": the export and unzip folders, the default group and four switches.
+class SettingsGeneralPage final : public SettingsPage {
+    Q_OBJECT
+public:
+    explicit SettingsGeneralPage(SettingsContext& context);
+
+    void Fill() override;
+
+private:
+    void cboDefaultGroup_AddGroupList();
+
+    QComboBox* m_cboDefaultGroup = nullptr;
+};

@@ -1,0 +1,65 @@
+#include "savestates/SaveStateMenu.h"
+#include "support/TestFixtures.h"
+
+namespace {
+
+// Mario.smc in a folder that the catalogue keeps in lower case, and a save folder
+// per emulator.
+class SaveStateMenuTest : public LumbraTest {
+protected:
+    SaveStateMenuTest() {
+        DefineEmulators(m_state);
+        WriteFile("Games/Mario.smc");
+        GameRecord& game = m_state.Games.Records[0];
+        game.Filename = "mario.smc";
+        game.Folder = TempPath("Games/").toLower();
+        const QStringList folders{"Saves/Nlke", "Saves/S9X/", "Saves/ZSnes"};
+        for (int i = 0; i < EmulatorTable::Count; ++i)
+            m_state.Emulators.Records[i].SaveFolder = MakeFolder(folders[i]);
+    }
+
+    // Each emulator's items in one line: the SRAM caption, then the slots used.
+    QStringList Summary(const SaveStateMenu& menu) const {
+        QStringList lines;
+        for (const EmulatorSaveStates& emulator : menu) {
+            QString line = emulator.Sram.Caption;
+            for (const SaveStateItem& slot : emulator.States) {
+                EXPECT_EQ(slot.Enabled, slot.Caption.endsWith("Used"));
+                line += slot.Enabled ? ' ' + slot.Caption.left(3) : QString();
+            }
+            lines << line;
+        }
+        return lines;
+    }
+};
+
+TEST_F(SaveStateMenuTest, FindsEachEmulatorsFilesInAnyLetterCase) {
+    for (const char* file :
+         {"Nlke/MARIO.SRM", "Nlke/mario.sg1", "Nlke/mario.sg3", "S9X/Mario.003", "S9X/mario.009",
+          "S9X/mario.sg0", "ZSnes/mario.zst", "ZSnes/MARIO.ZS3", "ZSnes/luigi.zs1"})
+        WriteFile(QStringLiteral("Saves/") + file);
+    m_state.Emulators.Records[2].SaveFolder.clear(); // not set up: skipped
+    EXPECT_EQ(Summary(BuildSaveStateMenu(m_state, 0)),
+              (QStringList{"SRAM File (1)", "No SRAM File (3) (9)", "No SRAM File"}));
+
+    m_state.Emulators.Records[2].SaveFolder = TempPath("saves/zsnes");
+    const SaveStateMenu menu = BuildSaveStateMenu(m_state, 0);
+    EXPECT_EQ(Summary(menu)[2], "No SRAM File (0) (3)");
+    EXPECT_EQ(menu[0].Sram.Tag, TempPath("Saves/Nlke/mario.srm"));
+    EXPECT_EQ(menu[2].States[3].Tag, TempPath("saves/zsnes/mario.zs3"));
+    EXPECT_EQ(menu[1].States.size(), 10);
+}
+
+TEST_F(SaveStateMenuTest, APlayedZipUsesItsExtractedNamesAndTheShortOneForTheTag) {
+    GameRecord& game = m_state.Games.Records[0];
+    game.Filename = "pack.zip";
+    game.ExtractedShortName = "smw.smc";
+    game.ExtractedFile = "Super Mario World.smc";
+    WriteFile("Saves/S9X/Super Mario World.000");
+    WriteFile("Saves/S9X/SMW.srm");
+    const SaveStateMenu menu = BuildSaveStateMenu(m_state, 0);
+    EXPECT_EQ(Summary(menu), (QStringList{"No SRAM File", "SRAM File (0)", "No SRAM File"}));
+    EXPECT_EQ(menu[1].States[0].Tag, TempPath("Saves/S9X/smw.000"));
+}
+
+} // namespace

@@ -1,0 +1,50 @@
+#!/bin/sh
+# Starts the real program on a virtual display, opens Options > Front-End Settings...
+# with the keyboard, closes the dialog with its "&Close" button and checks that the
+# dialog stored the settings while Lumbra still ran; then ends Lumbra through its menu.
+# Each step is retried until it has taken effect, within a generous deadline.
+set -u
+lumbra="$1"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" XDG_CACHE_HOME="$work/cache"
+unset QT_QPA_PLATFORM
+
+xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
+    store="$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
+    "$0" & pid=$!
+    window=$(xdotool search --sync --onlyvisible --name "^Lumbra$" | head -n 1)
+    for _ in $(seq 60); do
+        xdotool windowfocus --sync "$window" 2>/dev/null
+        xdotool key --window "$window" alt+o 2>/dev/null
+        sleep 0.5
+        xdotool key f 2>/dev/null
+        for _ in $(seq 10); do
+            settings=$(xdotool search --onlyvisible --name "^Settings$" 2>/dev/null | head -n 1)
+            [ -n "$settings" ] && break 2
+            sleep 0.1
+        done
+        xdotool key Escape 2>/dev/null # the menu may not have opened yet
+    done
+    [ -n "${settings:-}" ] || { kill $pid; echo "the settings dialog did not open"; exit 1; }
+    for _ in $(seq 60); do
+        xdotool windowfocus --sync "$settings" 2>/dev/null
+        xdotool key --window "$settings" alt+c 2>/dev/null
+        for _ in $(seq 10); do grep -q "^SPC_App=" "$store" 2>/dev/null && break 2; sleep 0.1; done
+    done
+    grep -q "^SPC_App=" "$store" 2>/dev/null || { kill $pid; echo "Close did not store the settings"; exit 1; }
+    kill -0 $pid 2>/dev/null || { echo "Lumbra ended with the dialog"; exit 1; }
+    for _ in $(seq 60); do
+        xdotool windowfocus --sync "$window" 2>/dev/null
+        xdotool key --window "$window" alt+o 2>/dev/null
+        sleep 0.5
+        xdotool key x 2>/dev/null
+        for _ in $(seq 10); do kill -0 $pid 2>/dev/null || break 2; sleep 0.1; done
+        xdotool key Escape 2>/dev/null
+    done
+    if kill -0 $pid 2>/dev/null; then kill $pid; echo "Lumbra did not close through its menu"; exit 1; fi
+    wait $pid
+' "$lumbra"
+status=$?
+[ $status -eq 0 ] || { echo "settings smoke test failed with status $status"; exit 1; }
+echo "the settings dialog opened from the menu and closed with its Close button"

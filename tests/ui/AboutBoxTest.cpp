@@ -1,0 +1,40 @@
+#include "support/ScriptedPrompts.h"
+#include "support/ScriptedShell.h"
+#include "support/TestFixtures.h"
+#include "ui/frmAbout.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+namespace {
+
+using AboutBoxTest = LumbraTest;
+
+TEST_F(AboutBoxTest, ShowsTheVersionAndStartsTheSystemInformationToolOrSaysWhatQtKnows) {
+    const QByteArray path = qgetenv("PATH");
+    const QString tool = WriteFile("tools/kinfocenter", "#!/bin/sh\n");
+    QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
+    ScriptedPrompts prompts;
+    ScriptedShell shell;
+    frmAbout about(prompts, shell);
+    EXPECT_EQ(about.windowTitle(), "About Lumbra");
+    EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(), "Version " LUMBRA_VERSION);
+    const QString credits = about.findChild<QLabel*>("lblCredits")->text();
+    EXPECT_TRUE(credits.contains("Qt 6.") && credits.contains("libarchive 3."))
+        << credits.toStdString();
+
+    auto* sysInfo = about.findChild<QPushButton*>("cmdSysInfo");
+    for (const QString& folder : {TempPath("tools"), MakeFolder("empty")}) {
+        qputenv("PATH", folder.toLocal8Bit());
+        QTest::mouseClick(sysInfo, Qt::LeftButton);
+    }
+    qputenv("PATH", path);
+    EXPECT_EQ(shell.Calls(), (QList<ScriptedShell::Call>{{"ShellExecute", {tool, "", ""}}}));
+    ASSERT_EQ(prompts.Asked().size(), 1);
+    EXPECT_EQ(prompts.Asked().first().title, "System Information");
+    EXPECT_TRUE(prompts.Asked().first().text.contains("\nKernel: "));
+}
+
+} // namespace

@@ -1,0 +1,320 @@
+#include "app/Startup.h"
+#include "support/RecordingLauncher.h"
+#include "support/ScriptedPrompts.h"
+#include "support/ScriptedShell.h"
+#include "support/SnesImageBuilder.h"
+#include "support/TestFixtures.h"
+#include "ui/StartLumbra.h"
+#include "ui/frmMain.h"
+#include "ui/frmSettings.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+using Flag = qint16 Settings::*;
+using Text = QString Settings::*;
+
+class SettingsDialogTest : public LumbraTest {
+protected:
+    // A store as a player who has set everything up leaves it.
+    void SeedStore() {
+        AppState seed;
+        DefineEmulators(seed);
+        seed.Emulators.Records[1] = {"Snes9X", "/emus/snes9x/", "/emus/saves/", "", "fast", ""};
+        seed.Groups.AddGroup("RPG");
+        seed.GameFolders.AddGameFolder(MakeFolder("Games") + '/');
+        Settings& options = seed.Options;
+        options.DefaultEmulator = "Snes9X";
+        options.DefaultGroup = "Gone";
+        options.ExportFolder = "/exports/";
+        options.SnapshotFolder = "/snaps/";
+        options.Snapshots_NoSnapPic = "/snaps/none.png";
+        options.SPC_OpenWith = "%custom";
+        options.SPC_App = "spcplay;-q";
+        options.StateClickDeletes = options.Snapshots_AutoUse1st = options.SPC_DisplayList = 1;
+        options.AutoSwitchGroup = options.Snapshots_Show = options.SPC_ShowMenu = 0;
+        SaveEverything(seed);
+        LoadConfiguration(m_state);
+        ImportGroupList(m_state, "reg", QString());
+    }
+
+    void Open() {
+        m_dialog = std::make_unique<frmSettings>(m_state, m_prompts, m_shell, nullptr);
+        m_dialog->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_dialog.get()));
+    }
+
+    template <typename T> T* Control(const QString& name) const {
+        QWidget* dialog = m_dialog ? m_dialog.get() : QApplication::activeModalWidget();
+        T* control = dialog->findChild<T*>(name);
+        EXPECT_NE(control, nullptr) << name.toStdString();
+        return control;
+    }
+    // The control, after a click on the tab of its page.
+    template <typename T = QWidget> T* Reveal(const QString& name) {
+        auto* pages = Control<QTabWidget>("tabSettings");
+        T* control = Control<T>(name);
+        for (int i = 0; i < pages->count(); ++i) {
+            if (pages->widget(i)->isAncestorOf(control)) {
+                QTabBar* tabs = pages->tabBar();
+                QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(i).center());
+            }
+        }
+        return control;
+    }
+    void Press(const QString& name) { QTest::keyClick(Reveal(name), Qt::Key_Space); }
+    void Click(const QString& name) { QTest::mouseClick(Reveal(name), Qt::LeftButton); }
+    void Type(const QString& name, const QString& text) {
+        Reveal<QLineEdit>(name)->selectAll();
+        QTest::keyClicks(Control<QLineEdit>(name), text);
+    }
+    void SelectLine(const QString& listName, int row) {
+        auto* list = Reveal<QListWidget>(listName);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(list->item(row)).center());
+    }
+    // Picks the entry from the selector's drop-down list, as a player would.
+    void Choose(const QString& selector, const QString& entry) {
+        auto* box = Reveal<QComboBox>(selector);
+        box->showPopup();
+        QAbstractItemView* view = box->view();
+        const QModelIndex index = view->model()->index(box->findText(entry), 0);
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    }
+    QString TextOf(const QString& name) const { return Control<QLineEdit>(name)->text(); }
+    QStringList Lines(const QString& listName) const {
+        QStringList lines;
+        auto* list = Control<QListWidget>(listName);
+        for (int i = 0; i < list->count(); ++i)
+            lines << list->item(i)->text();
+        return lines;
+    }
+    // Runs steps on the modal dialog about to open, once it is there; the steps close it.
+    void RunWhenModal(std::function<void()> steps) {
+        QTimer::singleShot(0, [this, steps] {
+            if (QApplication::activeModalWidget())
+                steps();
+            else
+                RunWhenModal(steps);
+        });
+    }
+
+    ScriptedPrompts m_prompts;
+    ScriptedShell m_shell;
+    std::unique_ptr<frmSettings> m_dialog;
+};
+
+TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
+    SeedStore();
+    EnableLog();
+    Open();
+    auto* tabs = Control<QTabWidget>("tabSettings");
+    QStringList titles;
+    for (int i = 0; i < tabs->count(); ++i)
+        titles << tabs->tabText(i);
+    EXPECT_EQ(titles, (QStringList{"Emulators", "General Options", "ROM Folders",
+                                   "Snapshot Options", "SPC Options"}));
+    EXPECT_EQ(m_dialog->windowTitle(), "Settings");
+    EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmSettings ===\r\nAdding groups to "
+                         "cboDefaultGroup...Done.");
+
+    EXPECT_EQ(Control<QComboBox>("cboEmulator")->currentText(), "Snes9X");
+    EXPECT_EQ(Control<QComboBox>("cboDefaultEmulator")->currentText(), "Snes9X");
+    EXPECT_EQ(TextOf("txtEmuFolder") + TextOf("txtEmuSaveFolder") + TextOf("txtDefaultProfile"),
+              "/emus/snes9x//emus/saves/fast");
+    EXPECT_EQ(Control<QLabel>("lblLaunchFiles")->text(),
+              "snes9x.pif snes9x.lnk snes9x.bat snes9x.exe snes9x snes9x.sh");
+
+    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->currentText(), "Ungrouped"); // "Gone" is gone
+    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 2);
+    EXPECT_EQ(Control<QCheckBox>("chkAutoSwitchGroup")->toolTip(),
+              "If checked, Automaically switches to the group you send a game to.");
+    EXPECT_EQ(Control<QCheckBox>("chkRomBatchFileSupport")->toolTip(),
+              "If checked, Shortcut/Batch files named after the ROM you are launching will be "
+              "launched instead (If possible)");
+    EXPECT_EQ(Lines("lstRomFolders"), QStringList{TempPath("Games/")});
+    EXPECT_EQ(TextOf("txtExportFolder") + TextOf("txtSnapshotFolder") + TextOf("txtNoSnapPic"),
+              "/exports//snaps//snaps/none.png");
+    EXPECT_EQ(TextOf("txtSPCProgram") + TextOf("txtSPCParameters"), "spcplay-q");
+    EXPECT_TRUE(Control<QRadioButton>("optProgram")->isChecked());
+    EXPECT_TRUE(Control<QLineEdit>("txtSPCParameters")->isEnabled());
+
+    QStringList checked;
+    for (QCheckBox* box : m_dialog->findChildren<QCheckBox*>()) {
+        if (box->isChecked())
+            checked << box->objectName();
+    }
+    checked.sort();
+    EXPECT_EQ(checked,
+              (QStringList{"chkRomBatchFileSupport", "chkSPC_DisplayList", "chkSPC_UseWizard",
+                           "chkSnapshots_AutoUse1st", "chkSnapshots_HideIfPicExists",
+                           "chkSnapshots_UseWizard", "chkStateClickDeletes"}));
+
+    Click("cmdClose");
+    m_dialog.reset();
+    EXPECT_TRUE(
+        LogText().endsWith("\r\nExporting Game Folder list to: Registry...Done.\r\nExporting "
+                           "Settings to: Registry...Done.\r\n\r\n=== Unloaded frmSettings ==="));
+}
+
+TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
+    SeedStore();
+    Open();
+    const Settings before = m_state.Options;
+    const QList<std::pair<const char*, Flag>> flags{
+        {"chkAutoSwitchGroup", &Settings::AutoSwitchGroup},
+        {"chkStateClickDeletes", &Settings::StateClickDeletes},
+        {"chkUseBaseFilenames", &Settings::UseBaseFilenames},
+        {"chkRomBatchFileSupport", &Settings::RomBatchFileSupport},
+        {"chkSnapshots_Show", &Settings::Snapshots_Show},
+        {"chkSnapshots_UseWizard", &Settings::Snapshots_UseWizard},
+        {"chkSnapshots_AutoUse1st", &Settings::Snapshots_AutoUse1st},
+        {"chkSnapshots_HideIfPicExists", &Settings::Snapshots_HideIfPicExists},
+        {"chkSnapshots_AutoRenameAll", &Settings::Snapshots_AutoRenameAll},
+        {"chkSPC_UseWizard", &Settings::SPC_UseWizard},
+        {"chkSPC_DisplayList", &Settings::SPC_DisplayList},
+        {"chkSPC_ShowMenu", &Settings::SPC_ShowMenu}};
+    for (const auto& [name, flag] : flags) {
+        Press(name);
+        EXPECT_EQ(m_state.Options.*flag, before.*flag == 0 ? 1 : 0) << name;
+    }
+    const QList<std::pair<const char*, Text>> texts{
+        {"txtExportFolder", &Settings::ExportFolder},
+        {"txtUnzipFolder", &Settings::UnzipFolder},
+        {"txtSnapshotFolder", &Settings::SnapshotFolder},
+        {"txtNoSnapPic", &Settings::Snapshots_NoSnapPic},
+        {"txtSPCFolder", &Settings::SPCFolder}};
+    for (const auto& [name, text] : texts) {
+        Type(name, "/typed/");
+        EXPECT_EQ(m_state.Options.*text, "/typed/") << name;
+    }
+
+    // The emulator texts follow the emulator chosen; ";" would split a stored record.
+    Choose("cboEmulator", "Nlke");
+    EXPECT_EQ(Control<QLabel>("lblLaunchFiles")->text(),
+              "nlke.pif nlke.lnk nlke.bat nlke.exe nlke nlke.sh");
+    Type("txtEmuFolder", "/nlke;/");
+    Type("txtDefaultProfile", "quick");
+    EXPECT_EQ(m_state.Emulators.Records[0].Folder, "/nlke/");
+    EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile, "quick");
+    EXPECT_EQ(m_state.Emulators.Records[1].Folder, "/emus/snes9x/");
+    RunWhenModal([] { // "Settings..." makes a new profile the emulator's default
+        QWidget* editor = QApplication::activeModalWidget();
+        QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "Smooth");
+        QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
+    });
+    Click("cmdEmuSettings");
+    EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile + TextOf("txtDefaultProfile"),
+              "SmoothSmooth");
+    Choose("cboDefaultEmulator", "ZSnes");
+    Choose("cboDefaultGroup", "RPG");
+    EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesRPG");
+
+    Press("optAssociated");
+    EXPECT_EQ(m_state.Options.SPC_OpenWith, "%WIN");
+    EXPECT_FALSE(Control<QWidget>("cmdSPCProgram_Browse")->isEnabled());
+    Press("optProgram");
+    EXPECT_EQ(m_state.Options.SPC_OpenWith, "%CUSTOM");
+    Type("txtSPCProgram", "gme");
+    Type("txtSPCParameters", "--loop");
+    EXPECT_EQ(m_state.Options.SPC_App, "gme;--loop");
+}
+
+TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
+    SeedStore();
+    Open();
+    Choose("cboEmulator", "ZSnes");
+    const QStringList buttons{"cmdEmuFolder_Browse",      "cmdEmuSaveFolder_Browse",
+                              "cmdExportFolder_Browse",   "cmdUnzipFolder_Browse",
+                              "cmdSnapshotFolder_Browse", "cmdSPCFolder_Browse"};
+    for (const QString& button : buttons) {
+        m_shell.AnswerFolder("/Picked/" + button);
+        Click(button);
+    }
+    const EmulatorRecord& zsnes = m_state.Emulators.Records[2];
+    EXPECT_EQ(zsnes.Folder, "/picked/cmdemufolder_browse/");
+    EXPECT_EQ(zsnes.SaveFolder, "/picked/cmdemusavefolder_browse/");
+    EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
+    EXPECT_EQ(TextOf("txtSPCFolder"), "/picked/cmdspcfolder_browse/");
+    EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
+              QList<QStringList>(6, {"Please choose the folder where ZSnes resides:"}));
+
+    Click("cmdSnapshotFolder_Browse"); // cancelled
+    EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
+    EXPECT_EQ(TextOf("txtSnapshotFolder"), "/picked/cmdsnapshotfolder_browse/");
+
+    m_prompts.AnswerFile("/pics/No Shot.PNG").AnswerFile(std::nullopt);
+    Click("cmdNoSnapPic_Pick");
+    Click("cmdNoSnapPic_Pick");
+    EXPECT_EQ(m_state.Options.Snapshots_NoSnapPic, "/pics/No Shot.PNG");
+    EXPECT_EQ(m_prompts.Asked().value(0).title, "Pick No Snapshot Image");
+    EXPECT_EQ(m_prompts.Asked().value(0).filter, "Supported Image Types|*.bmp;*.jpg;*.png;*.gif");
+}
+
+TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
+    WriteFile("Games/Zelda.smc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZELDA"));
+    WriteFile("Games/Mario.sfc", SnesImageBuilder::HeaderlessLoRom("MARIO"));
+    RecordingLauncher launcher;
+    const std::unique_ptr<frmMain> window = StartLumbra(m_state, m_prompts, m_shell, launcher, {});
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    auto* games = window->findChild<QListWidget*>("lstGameList");
+    auto* addGameFolder = window->findChild<QPushButton*>("cmdAddGameFolder");
+    EXPECT_TRUE(addGameFolder->isVisible());
+    EXPECT_EQ(window->statusBar()->currentMessage(), "No game folder yet");
+
+    // The first run's button opens the "ROM Folders" page; "&Close" stores folders and settings.
+    RunWhenModal([&] {
+        EXPECT_EQ(Control<QTabWidget>("tabSettings")->currentWidget()->objectName(), "ROM Folders");
+        m_shell.AnswerFolder(TempPath("Games")).AnswerFolder(TempPath("Games/"));
+        for (int i = 0; i < 3; ++i) // added, refused as already there, cancelled
+            Click("cmdRomFolders_Add");
+        EXPECT_EQ(Lines("lstRomFolders"), QStringList{TempPath("Games/")});
+        EXPECT_EQ(games->count(), 2);
+        SelectLine("lstRomFolders", 0);
+        EXPECT_EQ(Control<QLabel>("lblRomCount")->text(), "Game Count: 2");
+        Press("chkSnapshots_Show");
+        Click("cmdClose");
+    });
+    QTest::mouseClick(addGameFolder, Qt::LeftButton);
+    EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
+              QList<QStringList>(3, {"Please choose a folder containing SNES games:"}));
+    EXPECT_EQ(m_state.Games.Count(), 2);
+    EXPECT_EQ(games->count(), 2);
+    EXPECT_FALSE(addGameFolder->isVisible());
+    EXPECT_FALSE(window->findChild<QLabel*>("picSnapshot")->isVisible()); // laid out at once
+    EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
+    EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "0");
+
+    // Opened again from the menu: no doubled entries; the frame stores the settings only.
+    RunWhenModal([&] {
+        EXPECT_EQ(Control<QComboBox>("cboEmulator")->count(), 3);
+        SelectLine("lstRomFolders", 0);
+        Click("cmdRomFolders_Remove");
+        EXPECT_EQ(Lines("lstRomFolders"), QStringList());
+        Press("chkSnapshots_Show");
+        QApplication::activeModalWidget()->close();
+    });
+    window->findChild<QAction*>("mnuOptions_Settings")->trigger();
+    EXPECT_EQ(m_state.Games.Count(), 0);
+    EXPECT_EQ(games->count(), 0);
+    EXPECT_TRUE(addGameFolder->isVisible());
+    EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
+    EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "1");
+}
+
+} // namespace
