@@ -187,7 +187,12 @@ TEST_F(CliTest, ListBuildsTheCatalogueAsTheMainWindowDoes) {
     WriteFile("Games/SNES/mario.smc", SnesImageBuilder::ValidLoRomWithCopierHeader("MARIO"));
     WriteFile("Games/SNES/notes.txt", "x");
     const QString folder = TempPath("games/snes/").toLower();
-    ASSERT_EQ(Run({"folders", "add", TempPath("Games/SNES")}).ExitCode, 0);
+    // As the settings dialog's "Add...": the folder is scanned and its games are stored.
+    const CliResult added = Run({"folders", "add", TempPath("Games/SNES")});
+    ASSERT_EQ(added.ExitCode, 0);
+    EXPECT_EQ(added.Out, "Added " + TempPath("Games/SNES/") + ": 2 games found.\n");
+    EXPECT_EQ(SettingsStore().Read("Game List\\" + folder, "mario.smc"),
+              "Mario;Ungrouped;Default;Default");
     m_state.Store.Write("Game List\\" + folder, "zelda.sfc", "The Legend;RPG;Snes9X;fast");
     m_state.Store.Sync();
 

@@ -4,6 +4,7 @@
 #include "support/ScriptedShell.h"
 #include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/StartLumbra.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmMain.h"
@@ -70,22 +71,16 @@ protected:
     QListWidget* List() const { return Control<QListWidget>("lstGameList"); }
     // The shown group, its games and, in brackets, the selected one.
     QString Shown() const {
-        QStringList captions;
-        for (int i = 0; i < List()->count(); ++i)
-            captions << List()->item(i)->text();
         const QListWidgetItem* selected = List()->currentItem();
-        return Control<QComboBox>("cboGroupList")->currentText() + ": " + captions.join(", ") +
-               " [" + (selected ? selected->text() : QString()) + "]";
+        return Control<QComboBox>("cboGroupList")->currentText() + ": " +
+               ItemTexts(List()).join(", ") + " [" + (selected ? selected->text() : QString()) +
+               "]";
     }
     void Select(const QString& caption) {
         List()->setCurrentItem(List()->findItems(caption, Qt::MatchExactly).value(0));
     }
     void ChooseGroup(const QString& group) {
-        auto* groups = Control<QComboBox>("cboGroupList");
-        groups->showPopup();
-        QAbstractItemView* view = groups->view();
-        const QModelIndex index = view->model()->index(groups->findText(group), 0);
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+        PickFromList(Control<QComboBox>("cboGroupList"), group);
     }
     // Opens the game menu with the context-menu key and chooses an entry by its name,
     // or a group of "Send To Group..." by the group.
@@ -177,8 +172,7 @@ TEST_F(GameMenuTest, RenameKeepsCaptionsUniqueAndRemoveHidesTheGame) {
               (QStringList{prompt, prompt,
                            "Caption cannot be renamed, the caption you entered is already used.",
                            prompt}));
-    EXPECT_EQ(m_prompts.Asked()[0].title, "Rename");
-    EXPECT_EQ(m_prompts.Asked()[0].proposed, "Mario");
+    EXPECT_EQ(m_prompts.Asked()[0].title + ": " + m_prompts.Asked()[0].proposed, "Rename: Mario");
 
     Select("Zelda");
     Choose("mnuRomMenu_Remove");

@@ -1,5 +1,6 @@
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/frmGroupManager.h"
 
 #include <QListWidget>
@@ -25,26 +26,20 @@ TEST_F(GroupManagerTest, AddRemoveAndCloseWorkThroughTheButtons) {
     const auto click = [&dialog](const char* name) {
         QTest::mouseClick(dialog->findChild<QPushButton*>(name), Qt::LeftButton);
     };
-    const auto listed = [list] {
-        QStringList names;
-        for (int i = 0; i < list->count(); ++i)
-            names.append(list->item(i)->text());
-        return names;
-    };
     EXPECT_TRUE(dialog->isModal());
-    EXPECT_EQ(listed(), (QStringList{"RPG", "action"}));
+    EXPECT_EQ(ItemTexts(list), (QStringList{"RPG", "action"}));
 
     click("cmdRemove"); // nothing selected: nothing happens
     prompts.AnswerInput("Puzzle").AnswerInput("Action").AnswerInput(std::nullopt);
     for (int i = 0; i < 3; ++i)
         click("cmdAdd");
-    EXPECT_EQ(listed(), (QStringList{"RPG", "action", "Puzzle"}));
+    EXPECT_EQ(ItemTexts(list), (QStringList{"RPG", "action", "Puzzle"}));
     EXPECT_EQ(prompts.AskedTexts(), QStringList(3, "Enter the new group's caption:"));
 
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                       list->visualItemRect(list->item(1)).center());
     click("cmdRemove");
-    EXPECT_EQ(listed(), (QStringList{"RPG", "Puzzle"}));
+    EXPECT_EQ(ItemTexts(list), (QStringList{"RPG", "Puzzle"}));
     EXPECT_EQ(m_state.Groups.Entries[1], "Puzzle");
     EXPECT_EQ(m_state.Games.Records[0].Group, FixedGroup);
 

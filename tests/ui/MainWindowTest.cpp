@@ -5,6 +5,7 @@
 #include "support/ScriptedPrompts.h"
 #include "support/ScriptedShell.h"
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/StartLumbra.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmMain.h"
@@ -56,20 +57,9 @@ protected:
     template <typename T> T* Control(const char* name) const {
         return m_window->findChild<T*>(QString::fromLatin1(name));
     }
-    QStringList Listed() const {
-        QStringList captions;
-        auto* list = Control<QListWidget>("lstGameList");
-        for (int i = 0; i < list->count(); ++i)
-            captions << list->item(i)->text();
-        return captions;
-    }
-    // Picks the group from the selector's drop-down list, as a player would.
+    QStringList Listed() const { return ItemTexts(Control<QListWidget>("lstGameList")); }
     void ChooseGroup(const QString& group) {
-        auto* groups = Control<QComboBox>("cboGroupList");
-        groups->showPopup();
-        QAbstractItemView* view = groups->view();
-        const QModelIndex index = view->model()->index(groups->findText(group), 0);
-        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+        PickFromList(Control<QComboBox>("cboGroupList"), group);
     }
     void Trigger(const char* actionName) { Control<QAction>(actionName)->trigger(); }
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
