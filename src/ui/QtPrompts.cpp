@@ -1,5 +1,7 @@
 #include "ui/QtPrompts.h"
 
+#include "ui/BusyPointer.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -31,12 +33,9 @@ QMessageBox::Icon BoxIcon(PromptIcon icon) {
 
 // A question is answered with the normal pointer, even while the window behind it
 // shows the hourglass (a launch does).
-class NormalPointer {
+class NormalPointer : public OverridePointer {
 public:
-    NormalPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~NormalPointer() { QApplication::restoreOverrideCursor(); }
-    NormalPointer(const NormalPointer&) = delete;
-    NormalPointer& operator=(const NormalPointer&) = delete;
+    NormalPointer() : OverridePointer(Qt::ArrowCursor) {}
 };
 
 std::optional<QString> Chosen(const QString& path) {
