@@ -66,3 +66,11 @@ QString ChangeExtension(const QString& fileName, const QString& extension) {
         return name + QLatin1Char('.') + extension;
     return name.left(dot) + extension;
 }
+
+QString ReplaceControlCharacters(QString text) {
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control)
+            c = QChar::ReplacementCharacter;
+    }
+    return text;
+}

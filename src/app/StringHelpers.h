@@ -29,3 +29,7 @@ QString ChangeExtension(const QString& fileName, const QString& extension);
 
 // VB's Trim: removes leading and trailing spaces only.
 QString TrimBlanks(const QString& text);
+
+// The text with every control character replaced by U+FFFD, so that it cannot
+// break a line or garble a terminal.
+QString ReplaceControlCharacters(QString text);

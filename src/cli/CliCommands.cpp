@@ -20,15 +20,6 @@
 
 namespace {
 
-// Control characters (a header's padding bytes among them) would garble a terminal.
-QString Printable(QString text) {
-    for (QChar& c : text) {
-        if (c.category() == QChar::Other_Control)
-            c = QChar::ReplacementCharacter;
-    }
-    return text;
-}
-
 // The header texts in the JSON order, with the game information dialog's labels
 // (padded so that the values line up) for the text form.
 struct HeaderEntry {
@@ -144,7 +135,7 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
             if (!first)
                 context.Out << '\n';
             for (const InfoLine& line : lines)
-                context.Out << line.Label << ' ' << Printable(line.Value) << '\n';
+                context.Out << line.Label << ' ' << ReplaceControlCharacters(line.Value) << '\n';
         }
         first = false;
     }

@@ -25,3 +25,4 @@ int RunGroups(CliContext& context, const QStringList& arguments);
 int RunConfig(CliContext& context, const QStringList& arguments);
 int RunEmulators(CliContext& context, const QStringList& arguments);
 int RunLaunch(CliContext& context, const QStringList& arguments);
+int RunExport(CliContext& context, const QStringList& arguments);

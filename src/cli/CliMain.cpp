@@ -34,6 +34,13 @@ Commands:
                              boxes go to standard error and take their default
                              answer; after play the new screenshots are listed (or
                              the first becomes the snapshot, "Snapshots_AutoUse1st")
+  export [--method entire|folder PATH|group NAME|pattern GLOB] [--sort KEY]
+         [--columns KEY,KEY,...] [--format text|html] [--force] FILE|-
+                             write the game list as a text table or an HTML page,
+                             to FILE or standard output (-); keys: caption, group,
+                             file-size, file-type, filename, folder. What is not
+                             given comes from the export dialog's last choices;
+                             an existing FILE is replaced only with --force
 
 Options:
   --debug                    write the event log to standard error
@@ -65,7 +72,8 @@ int main(int argc, char** argv) {
         {QStringLiteral("info"), RunInfo},           {QStringLiteral("list"), RunList},
         {QStringLiteral("scan"), RunScan},           {QStringLiteral("folders"), RunFolders},
         {QStringLiteral("groups"), RunGroups},       {QStringLiteral("config"), RunConfig},
-        {QStringLiteral("emulators"), RunEmulators}, {QStringLiteral("launch"), RunLaunch}};
+        {QStringLiteral("emulators"), RunEmulators}, {QStringLiteral("launch"), RunLaunch},
+        {QStringLiteral("export"), RunExport}};
     const QString name = arguments.takeFirst();
     const auto command = commands.find(name);
     if (command == commands.end()) {

@@ -227,4 +227,35 @@ TEST_F(CliTest, ListBuildsTheCatalogueAsTheMainWindowDoes) {
     EXPECT_TRUE(store.Contains("Game List\\" + folder, "mario.smc"));
 }
 
+TEST_F(CliTest, ExportWritesTheChosenGamesAndNeverReplacesAFileUnasked) {
+    const QString roms = MakeFolder("SNES Roms");
+    WriteFile("SNES Roms/Small.sfc", QByteArray(1023, 'x'));
+    WriteFile("SNES Roms/Big $(touch pwned).smc", QByteArray(2048, 'x'));
+    ASSERT_EQ(Run({"folders", "add", roms}).ExitCode, 0);
+
+    const CliResult out = Run({"export", "--sort", "size", "--columns", "file-size,caption", "-"});
+    EXPECT_EQ(out.ExitCode, 0) << out.Err.toStdString();
+    EXPECT_TRUE(out.Out.startsWith("Size      Caption                       \r\n" +
+                                   QString(40, '-') +
+                                   "\r\n   0K     *small.sfc                    \r\n"
+                                   "   2K     *big $(touch pwned).smc       \r\n\r\n"
+                                   "File Count: 2\r\n(Sorted by File Size)\r\n"))
+        << out.Out.toStdString();
+
+    const QString target = WriteFile("My Games; list.html", "keep me");
+    const QStringList html{"export", "--format", "html", "--method", "pattern", "*.SFC", target};
+    EXPECT_EQ(Run(html).ExitCode, 1);
+    EXPECT_EQ(ReadFile(target), "keep me");
+    EXPECT_EQ(Run(html + QStringList{"--force"}).Out, "Game List Exported!\n");
+    const QByteArray page = ReadFile(target);
+    EXPECT_TRUE(page.contains("<td>*small.sfc</td>") && !page.contains("big")) << page.data();
+
+    for (const QStringList& wrong : {QStringList{"export"},
+                                     {"export", "--columns", "title", "-"},
+                                     {"export", "--method", "group", "Nope", "-"},
+                                     {"export", "--format", "pdf", "-"},
+                                     {"export", "a", "b"}})
+        EXPECT_EQ(Run(wrong).ExitCode, 2) << wrong.join(' ').toStdString();
+}
+
 } // namespace
