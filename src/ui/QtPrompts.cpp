@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QRegularExpression>
 
 namespace {
 
@@ -75,6 +76,11 @@ QString ConvertFileFilter(const QString& filter) {
     return converted.join(QStringLiteral(";;"));
 }
 
+QString DefaultSuffix(const QString& qtFilter) {
+    static const QRegularExpression firstPattern(QStringLiteral(R"(\(\*\.(\w+)[ )])"));
+    return firstPattern.match(qtFilter).captured(1);
+}
+
 PromptAnswer QtPrompts::Message(const QString& text, PromptButtons buttons, PromptIcon icon,
                                 const QString& title) {
     const NormalPointer pointer;
@@ -133,8 +139,17 @@ std::optional<QString> QtPrompts::OpenFile(const QString& title, const QString& 
 std::optional<QString> QtPrompts::SaveFile(const QString& title, const QString& filter,
                                            const QString& proposed) {
     const NormalPointer pointer;
-    return Chosen(QFileDialog::getSaveFileName(m_parent, TitleOr(title), proposed,
-                                               ConvertFileFilter(filter)));
+    // The callers ask before they replace a file, so the dialog does not.
+    QFileDialog dialog(m_parent, TitleOr(title), proposed, ConvertFileFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(DefaultSuffix(dialog.selectedNameFilter()));
+    QObject::connect(
+        &dialog, &QFileDialog::filterSelected, &dialog,
+        [&dialog](const QString& chosen) { dialog.setDefaultSuffix(DefaultSuffix(chosen)); });
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return Chosen(dialog.selectedFiles().value(0));
 }
 
 std::optional<QString> QtPrompts::BrowseForFolder(const QString& prompt) {

@@ -30,3 +30,6 @@ private:
 
 // "Desc|*.a;*.b|Desc2|*.c" in Qt's form: "Desc (*.a *.b);;Desc2 (*.c)".
 QString ConvertFileFilter(const QString& filter);
+// The extension that a name typed without one gets under a Qt filter: that of its
+// first pattern ("txt" for "Plain Text (*.txt)"); empty for "All Files (*.*)".
+QString DefaultSuffix(const QString& qtFilter);

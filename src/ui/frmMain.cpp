@@ -15,6 +15,7 @@
 #include "ui/RomMenu.h"
 #include "ui/frmAbout.h"
 #include "ui/frmEventLog.h"
+#include "ui/frmExportGameList.h"
 #include "ui/frmGroupManager.h"
 #include "ui/frmLoadGameList.h"
 #include "ui/frmSettings.h"
@@ -120,9 +121,10 @@ void frmMain::CreateMenus() {
             &QAction::triggered, this, [this] { OpenSettings(RomFoldersPage); });
     QMenu* exportMenu = options->addMenu(QStringLiteral("&Export..."));
     exportMenu->setObjectName(QStringLiteral("mnuOptions_Export"));
-    AddAction(exportMenu, QStringLiteral("Game &List"),
-              QStringLiteral("mnuOptions_Export_GameList"))
-        ->setEnabled(false);
+    connect(AddAction(exportMenu, QStringLiteral("Game &List"),
+                      QStringLiteral("mnuOptions_Export_GameList")),
+            &QAction::triggered, this,
+            [this] { frmExportGameList(m_state, m_prompts, this).exec(); });
     options->addSeparator();
     connect(
         AddAction(options, QStringLiteral("&About Lumbra..."), QStringLiteral("mnuOptions_About")),

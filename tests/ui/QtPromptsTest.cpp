@@ -15,4 +15,9 @@ TEST(QtPromptsTest, FiltersBecomeQtFilters) {
     EXPECT_EQ(ConvertFileFilter(QString()), QString());
 }
 
+TEST(QtPromptsTest, ANameTypedWithoutExtensionGetsTheFiltersFirstExtension) {
+    EXPECT_EQ(DefaultSuffix(ConvertFileFilter("HTML (*.html;*.htm)|*.html;*.htm")), "html");
+    EXPECT_EQ(DefaultSuffix("All Files (*.*)"), QString());
+}
+
 } // namespace
