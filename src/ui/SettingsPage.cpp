@@ -2,6 +2,7 @@
 
 #include "app/StringHelpers.h"
 #include "launch/SystemShell.h"
+#include "ui/MakeButton.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -63,10 +64,7 @@ QLineEdit* SettingsPage::AddFolder(QGridLayout* grid, int row, const QString& ca
 }
 
 QPushButton* SettingsPage::AddButton(const QString& name, const QString& caption) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
+    return MakeButton(name, caption, this);
 }
 
 QToolButton* SettingsPage::AddPickButton(const QString& name, const QString& toolTip) {

@@ -11,6 +11,7 @@
 #include "launch/OsHelpers.h"
 #include "ui/BusyPointer.h"
 #include "ui/ExportWriteOrderBox.h"
+#include "ui/MakeButton.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -29,13 +30,6 @@ namespace {
 const QString WindowName = QStringLiteral("frmExportGameList");
 const QString DialogTitle = QStringLiteral("Export Game List");
 constexpr int MaxFilePatterns = 100;
-
-QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
-}
 
 QRadioButton* MakeOption(const QString& name, const QString& caption, QWidget* parent) {
     auto* option = new QRadioButton(caption, parent);

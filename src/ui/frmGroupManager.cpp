@@ -3,6 +3,7 @@
 #include "app/AppState.h"
 #include "app/EventLog.h"
 #include "app/Prompts.h"
+#include "ui/MakeButton.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -12,13 +13,6 @@
 namespace {
 
 const QString WindowName = QStringLiteral("frmGroupManager");
-
-QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
-}
 
 } // namespace
 

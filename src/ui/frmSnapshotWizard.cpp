@@ -2,6 +2,7 @@
 
 #include "launch/PathResolver.h"
 #include "snapshots/SnapshotWizard.h"
+#include "ui/MakeButton.h"
 
 #include <QDir>
 #include <QHBoxLayout>
@@ -15,13 +16,6 @@ namespace {
 
 constexpr int PreviewWidth = 256; // one SNES screen
 constexpr int PreviewHeight = 224;
-
-QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
-}
 
 } // namespace
 
