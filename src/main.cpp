@@ -12,12 +12,17 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QIcon>
 #include <QUrl>
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(AppTitle);
     QApplication::setApplicationVersion(QStringLiteral(LUMBRA_VERSION));
+    // The installed icon and menu entry (data/), so that desktops match the window to them.
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral(LUMBRA_APP_ID),
+                                                 QIcon(QStringLiteral(":/icons/lumbra-256.png"))));
+    QApplication::setDesktopFileName(QStringLiteral(LUMBRA_APP_ID));
     // The program lives as long as the main window, whatever else is open.
     QApplication::setQuitOnLastWindowClosed(false);
 
