@@ -4,19 +4,20 @@
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
 
+#include <tuple>
+
 namespace {
 
 using HelpersTest = LumbraTest;
 
 TEST(StringHelpers, FieldsPositionsAndPaths) {
-    EXPECT_EQ(GetField("a;b;c", 2, ";"), "b");
-    EXPECT_EQ(GetField("  a;b  ", 2, ";"), "b");
-    EXPECT_EQ(GetField("a; b ;c", 2, ";"), " b ");
-    EXPECT_EQ(GetField("a;b;", 3, ";"), "");
-    EXPECT_EQ(GetField("a;b", 3, ";"), "");
-    EXPECT_EQ(GetField("a;b", 0, ";"), "");
-    EXPECT_EQ(GetField("a;b", 1, ""), "");
-    EXPECT_EQ(GetField("a,b;c", 2, ",;"), "b;c");
+    // The record, the field's number, the delimiters and the field.
+    const std::tuple<const char*, int, const char*, const char*> fields[] = {
+        {"a;b;c", 2, ";", "b"}, {"  a;b  ", 2, ";", "b"}, {"a; b ;c", 2, ";", " b "},
+        {"a;b;", 3, ";", ""},   {"a;b", 3, ";", ""},      {"a;b", 0, ";", ""},
+        {"a;b", 1, "", ""},     {"a,b;c", 2, ",;", "b;c"}};
+    for (const auto& [record, number, delimiters, field] : fields)
+        EXPECT_EQ(GetField(record, number, delimiters), field) << record << " " << number;
 
     EXPECT_EQ(InStrLast("C:\\a\\b.smc", "\\"), 5);
     EXPECT_EQ(InStrLast("b.smc", "\\"), 0);
@@ -38,28 +39,14 @@ TEST(StringHelpers, FieldsPositionsAndPaths) {
     EXPECT_EQ(ChangeExtension("/snaps.old/game", "gif"), "/snaps.gif");
 }
 
+// "/debug" and "/DEBUG" turn it on in the main window's tests.
 TEST(Startup, OnlyTheExactSwitchTurnsOnDebugMode) {
-    EXPECT_TRUE(IsDebugSwitch({"/debug"}));
-    EXPECT_TRUE(IsDebugSwitch({"/DEBUG"}));
-    EXPECT_FALSE(IsDebugSwitch({"/debug", "more"}));
-    EXPECT_FALSE(IsDebugSwitch({" /debug"}));
-    EXPECT_FALSE(IsDebugSwitch({}));
+    for (const QStringList& arguments : {QStringList{"/debug", "more"}, {" /debug"}, {}})
+        EXPECT_FALSE(IsDebugSwitch(arguments)) << arguments.join(' ').toStdString();
 }
 
-TEST_F(HelpersTest, LogWritesLinesAndContinuationsOnlyInDebugMode) {
-    for (int i = 0; i < 100; ++i)
-        LogEvent("never kept");
-    EXPECT_EQ(EventLog::View(), nullptr);
-    EXPECT_EQ(LogText(), "");
-
-    EnableLog();
-    LogEvent("Exporting GameList to: Registry... ");
-    LogEvent("Done.", true);
-    LogError(9, "GameList_ImportFileList");
-    EXPECT_EQ(LogText(), "\r\nExporting GameList to: Registry... Done."
-                         "\r\nError #9 accured in GameList_ImportFileList");
-}
-
+// The event log (nothing kept outside debug mode, continued lines) is tested with its
+// window, and LogError's line with the folder scan.
 TEST_F(HelpersTest, ErrorReportLogsAndShowsTheCriticalBox) {
     EnableLog();
     ScriptedPrompts prompts;

@@ -13,12 +13,6 @@ namespace {
 class FolderScanTest : public LumbraTest {
 protected:
     const GameRecord& Record(int index) const { return m_state.Games.Records[index]; }
-    QStringList Captions() const {
-        QStringList captions;
-        for (int i = 0; i < m_state.Games.Count(); ++i)
-            captions << Record(i).Caption;
-        return captions;
-    }
 };
 
 TEST_F(FolderScanTest, ListsGameFilesOfEveryLetterCaseSortedByName) {

@@ -12,12 +12,6 @@ protected:
         record = {caption, filename, {}, {}, folder, {}, FixedGroup, "Default", "Default"};
         return record;
     }
-    QStringList Captions() const {
-        QStringList captions;
-        for (int i = 0; i < m_state.Games.Count(); ++i)
-            captions << m_state.Games.Records[i].Caption;
-        return captions;
-    }
     // Caption;Group;Emulator;Profile;ExtractedShortName;ExtractedFile of one record.
     QString Fields(int index) const {
         const GameRecord& r = m_state.Games.Records[index];

@@ -73,11 +73,7 @@ TEST_F(CliTest, InfoPrintsTheHeaderAndGoesOnPastMissingFiles) {
     EXPECT_EQ(header.value("Country").toString(), "USA (NTSC)");
     EXPECT_FALSE(header.value("Caption").toString().isEmpty());
 
-    const CliResult text = Run({"info", rom});
-    EXPECT_EQ(text.ExitCode, 0);
-    EXPECT_TRUE(text.Out.contains("Title:      SUPER MARIOWORLD\n"));
-
-    // A title padded with zero bytes reaches the terminal without them.
+    // As text: a title padded with zero bytes reaches the terminal without them.
     const QString padded =
         WriteFile("Padded.smc",
                   SnesImageBuilder().Title(QByteArray("PAD\0\0\0ED", 8)).CopierHeader().Build());

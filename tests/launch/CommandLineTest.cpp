@@ -28,14 +28,12 @@ TEST_F(CommandLineTest, TheProgramIsTheFirstExistingFileAmongThePrefixes) {
         {"", {}, {}},
         {R"(zsnes "a b")", zsnes, {"a b"}}, // from the current folder
     };
-    const QString saved = QDir::currentPath();
     QDir::setCurrent(TempPath("Emu Folder"));
     for (auto [commandLine, program, arguments] : cases) {
         const ParsedCommand parsed = ParseCommandLine(commandLine.replace("%T", TempPath()));
         EXPECT_EQ(parsed.Program, program.replace("%T", TempPath())) << commandLine.toStdString();
         EXPECT_EQ(parsed.Arguments, arguments.replaceInStrings("%T", TempPath()));
     }
-    QDir::setCurrent(saved);
 }
 
 TEST(SplitArguments, QuotesGroupAndBackslashesEscapeOnlyBeforeAQuote) {

@@ -3,7 +3,6 @@
 #include "config/Profiles.h"
 #include "launch/OsHelpers.h"
 #include "launch/RealShell.h"
-#include "rom/QzZipFiles.h"
 #include "snapshots/SnapshotWizard.h"
 #include "support/ScriptedPrompts.h"
 #include "support/SnesImageBuilder.h"
@@ -39,7 +38,6 @@ protected:
         GameList_ImportFileList(m_state, TempPath("My Games"));
         QDir::setCurrent(TempPath());
     }
-    ~LaunchEmuTest() override { QDir::setCurrent(m_startFolder); }
     void SetUp(const QString& name, const QString& folder, const QString& saveFolder) {
         EmulatorRecord& emulator =
             m_state.Emulators.Records[m_state.Emulators.FindEmulatorIndex(name)];
@@ -62,7 +60,6 @@ protected:
     RealShell m_shell{m_prompts, [](const QString&) { return true; }};
     PlayerAtTheWizard m_player;
     StandInEmulator m_snes9x;
-    const QString m_startFolder = QDir::currentPath();
 };
 
 TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
@@ -138,14 +135,9 @@ TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
 }
 
 TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedInBothModes) {
-    QzZipFiles zip(m_prompts);
-    zip.RootDirectory = MakeFolder("Zip Source");
-    WriteFile("Zip Source/Read Me.txt", "hello");
-    WriteFile("Zip Source/Zipped Game.SFC", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED"));
-    ASSERT_FALSE(zip.AddFile("Read Me.txt"));
-    ASSERT_FALSE(zip.AddFile("Zipped Game.SFC"));
-    zip.ZipFileName = TempPath("My Games/Zipped Game.ZIP");
-    ASSERT_EQ(zip.MakeZipFile(), 0) << zip.GetLastMessage().toStdString();
+    MakeZip("My Games/Zipped Game.ZIP",
+            {{"Read Me.txt", "hello"},
+             {"Zipped Game.SFC", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")}});
     m_state.Games.ClearGameList();
     GameList_ImportFileList(m_state, TempPath("My Games"));
     Game("zipped game.zip").Emulator = "Snes9X";

@@ -15,15 +15,13 @@ namespace {
 // left behind.
 class RealShellTest : public LumbraTest {
 protected:
-    RealShellTest() : m_savedFolder(QDir::currentPath()) { QDir::setCurrent(TempPath()); }
-    ~RealShellTest() override { QDir::setCurrent(m_savedFolder); }
+    RealShellTest() { QDir::setCurrent(TempPath()); }
 
     // A detached script gets a minute on a loaded machine; a pass never waits that long.
     static bool FinishesRunning(const StandInEmulator& standIn) {
         return QTest::qWaitFor([&standIn] { return standIn.Ran(); }, 60000);
     }
 
-    const QString m_savedFolder;
     ScriptedPrompts m_prompts;
     QStringList m_opened;
     RealShell m_shell{m_prompts, [this](const QString& path) {

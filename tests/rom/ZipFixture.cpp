@@ -1,7 +1,5 @@
 #include "ZipFixture.h"
 
-#include "rom/QzZipFiles.h"
-
 #include <QDirIterator>
 #include <QFile>
 #include <archive.h>
@@ -12,22 +10,6 @@ ZipFixture::ZipFixture() {
     MakeFolder("games");
     MakeFolder("outside");
     m_state.Options.UnzipFolder = m_unzip + QLatin1Char('/');
-}
-
-QString ZipFixture::MakeZip(const QString& name, const Files& files, const QString& password) {
-    ScriptedPrompts prompts;
-    QzZipFiles zip(prompts);
-    zip.RootDirectory = MakeFolder("source-" + name);
-    zip.ZipFileName = TempPath("games/" + name);
-    for (const auto& [path, bytes] : files) {
-        WriteFile("source-" + name + QLatin1Char('/') + path, bytes);
-        EXPECT_FALSE(zip.AddFile(path));
-    }
-    zip.Encrypted = !password.isEmpty();
-    if (zip.Encrypted)
-        prompts.AnswerInput(password);
-    EXPECT_EQ(zip.MakeZipFile(), ZipOk) << zip.GetLastMessage().toStdString();
-    return zip.ZipFileName;
 }
 
 QString ZipFixture::MakeRawZip(const QString& name, const QList<RawEntry>& entries,
@@ -89,15 +71,10 @@ QMap<QString, QString> ZipFixture::OutsideTree() const {
     while (it.hasNext()) {
         const QString path = it.next();
         const QFileInfo info = it.fileInfo();
-        if (path.startsWith(m_unzip + QLatin1Char('/')))
-            continue;
-        QFile file(path);
-        if (info.isSymLink())
-            tree[path] = "-> " + info.symLinkTarget();
-        else if (info.isDir())
-            tree[path] = "folder";
-        else if (file.open(QIODevice::ReadOnly))
-            tree[path] = QString::fromLatin1(file.readAll());
+        if (!path.startsWith(m_unzip + QLatin1Char('/')))
+            tree[path] = info.isSymLink() ? QString("-> " + info.symLinkTarget())
+                         : info.isDir()   ? QStringLiteral("folder")
+                                          : QString::fromLatin1(ReadFile(path));
     }
     return tree;
 }

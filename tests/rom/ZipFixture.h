@@ -24,10 +24,10 @@ class ZipFixture : public LumbraTest {
 protected:
     ZipFixture();
 
-    using Files = QList<std::pair<QString, QByteArray>>;
-    // Zips the files, in order under their relative paths, with QzZipFiles into
-    // games/<name>; with a password, encrypted.
-    QString MakeZip(const QString& name, const Files& files, const QString& password = {});
+    // MakeZip into games/<name>.
+    QString MakeZip(const QString& name, const Files& files, const QString& password = {}) {
+        return LumbraTest::MakeZip("games/" + name, files, password);
+    }
     QString MakeRawZip(const QString& name, const QList<RawEntry>& entries,
                        const char* options = "", const char* passphrase = nullptr);
 

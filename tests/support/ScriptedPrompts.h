@@ -5,7 +5,9 @@
 #include <QList>
 #include <QQueue>
 #include <QStringList>
+#include <gtest/gtest.h>
 #include <optional>
+#include <type_traits>
 
 // Prompts for tests: answers are scripted in advance and handed out in order, one
 // queue per kind, and every question asked is recorded with its exact texts.
@@ -26,7 +28,12 @@ public:
         PromptIcon icon = PromptIcon::None;
     };
 
-    ~ScriptedPrompts() override;
+    ~ScriptedPrompts() override {
+        const qsizetype left =
+            m_messages.size() + m_inputs.size() + m_files.size() + m_folders.size();
+        if (left > 0)
+            ADD_FAILURE() << left << " scripted answer(s) were never asked for";
+    }
 
     ScriptedPrompts& AnswerMessage(PromptAnswer answer) { return Add(m_messages, answer); }
     ScriptedPrompts& AnswerInput(Path answer) { return Add(m_inputs, answer); }
@@ -36,11 +43,22 @@ public:
 
     const QList<Question>& Asked() const { return m_asked; }
     // The texts of every question asked, in order.
-    QStringList AskedTexts() const;
+    QStringList AskedTexts() const {
+        QStringList texts;
+        for (const Question& question : m_asked)
+            texts.append(question.text);
+        return texts;
+    }
 
     PromptAnswer Message(const QString& text, PromptButtons buttons = PromptButtons::Ok,
                          PromptIcon icon = PromptIcon::None,
-                         const QString& title = QString()) override;
+                         const QString& title = QString()) override {
+        const Question question{Kind::Message, text, title, {}, {}, buttons, icon};
+        if (buttons != PromptButtons::Ok)
+            return Next(m_messages, question);
+        m_asked.append(question);
+        return PromptAnswer::Ok;
+    }
     Path Input(const QString& prompt, const QString& title = QString(),
                const QString& proposed = QString()) override {
         return Next(m_inputs, {Kind::Input, prompt, title, {}, proposed});
@@ -63,7 +81,16 @@ private:
         return *this;
     }
     // Records the question and hands out the next answer of its queue.
-    template <typename T> T Next(QQueue<T>& queue, const Question& question);
+    template <typename T> T Next(QQueue<T>& queue, const Question& question) {
+        m_asked.append(question);
+        if (!queue.isEmpty())
+            return queue.dequeue();
+        ADD_FAILURE() << "unscripted question: " << question.text.toStdString();
+        if constexpr (std::is_same_v<T, PromptAnswer>)
+            return PromptAnswer::Cancel;
+        else
+            return std::nullopt;
+    }
 
     QQueue<PromptAnswer> m_messages;
     QQueue<Path> m_inputs, m_files, m_folders;

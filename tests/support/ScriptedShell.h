@@ -24,18 +24,39 @@ public:
         bool operator==(const Call&) const = default;
     };
 
-    ScriptedShell& AnswerFolder(std::optional<QString> answer);
+    ScriptedShell& AnswerFolder(std::optional<QString> answer) {
+        m_folders.enqueue(std::move(answer));
+        return *this;
+    }
 
     const QList<Call>& Calls() const { return m_calls; }
     // The calls of one method, each as its argument list.
-    QList<QStringList> CallsOf(const QString& name) const;
+    QList<QStringList> CallsOf(const QString& name) const {
+        QList<QStringList> calls;
+        for (const Call& call : m_calls) {
+            if (call.Name == name)
+                calls.append(call.Arguments);
+        }
+        return calls;
+    }
 
-    void ShellAndWait(const QString& commandLine, const QString& mode) override;
+    void ShellAndWait(const QString& commandLine, const QString& mode) override {
+        m_calls.append({"ShellAndWait", {commandLine, mode}});
+    }
     void ShellExecute(const QString& file, const QString& parameters,
-                      const QString& directory) override;
-    void ShellCopyFile(const QString& source, const QString& target) override;
-    void ShellDeleteFile(const QString& path) override;
-    std::optional<QString> BrowseForFolder(const QString& title) override;
+                      const QString& directory) override {
+        m_calls.append({"ShellExecute", {file, parameters, directory}});
+    }
+    void ShellCopyFile(const QString& source, const QString& target) override {
+        m_calls.append({"ShellCopyFile", {source, target}});
+    }
+    void ShellDeleteFile(const QString& path) override {
+        m_calls.append({"ShellDeleteFile", {path}});
+    }
+    std::optional<QString> BrowseForFolder(const QString& title) override {
+        m_calls.append({"BrowseForFolder", {title}});
+        return m_folders.isEmpty() ? std::nullopt : m_folders.dequeue();
+    }
 
 private:
     QList<Call> m_calls;
@@ -43,4 +64,7 @@ private:
 };
 
 // Readable calls in failure messages.
-void PrintTo(const ScriptedShell::Call& call, std::ostream* out);
+inline void PrintTo(const ScriptedShell::Call& call, std::ostream* out) {
+    *out << call.Name.toStdString() << "(\"" << call.Arguments.join("\", \"").toStdString()
+         << "\")";
+}

@@ -7,8 +7,8 @@
 #include <utility>
 
 // Lays out an SNES game image for tests: 128 KB of zeros, behind a 512-byte copier
-// header when asked, with the 32-byte internal header at 0x7FC0 of the image for
-// LoRom() (the default) or 0xFFC0 for HiRom(). Header layout: +0 title (21 bytes,
+// header when asked, with the 32-byte internal header at 0x7FC0 of the image (LoROM),
+// or at 0xFFC0 after HiRom(). Header layout: +0 title (21 bytes,
 // blank padded), +21 makeup (0x20 LoROM, 0x21 HiROM unless set), +22 type, +23 ROM
 // size, +24 SRAM size, +25 country, +26 licensee, +27 version, +28 checksum
 // complement and +30 checksum, both little-endian (by default the valid pair
@@ -24,8 +24,10 @@ public:
         m_copierHeader = true;
         return *this;
     }
-    SnesImageBuilder& LoRom() { return Mapping(false); }
-    SnesImageBuilder& HiRom() { return Mapping(true); }
+    SnesImageBuilder& HiRom() {
+        m_hiRom = true;
+        return *this;
+    }
     SnesImageBuilder& Makeup(quint8 value) { return Field(0, value); }
     SnesImageBuilder& Type(quint8 value) { return Field(1, value); }
     SnesImageBuilder& RomSize(quint8 value) { return Field(2, value); }
@@ -33,11 +35,7 @@ public:
     SnesImageBuilder& Country(quint8 value) { return Field(4, value); }
     SnesImageBuilder& Licensee(quint8 value) { return Field(5, value); }
     SnesImageBuilder& Version(quint8 value) { return Field(6, value); }
-    // A valid pair: the checksum and its complement.
-    SnesImageBuilder& Checksum(quint16 checksum) {
-        return ChecksumFields(checksum ^ 0xFFFF, checksum);
-    }
-    // Any pair, valid or not.
+    // The complement and checksum pair, valid or not.
     SnesImageBuilder& ChecksumFields(quint16 complement, quint16 checksum) {
         m_pair = {complement, checksum};
         return *this;
@@ -57,10 +55,6 @@ public:
     static QByteArray HiRomWithCopierHeader(const QByteArray& title = "LUMBRA TEST");
 
 private:
-    SnesImageBuilder& Mapping(bool hiRom) {
-        m_hiRom = hiRom;
-        return *this;
-    }
     SnesImageBuilder& Field(int index, quint8 value) {
         m_fields[index] = value;
         return *this;

@@ -3,12 +3,15 @@
 #include "app/AppState.h"
 #include "app/EventLog.h"
 
+#include <QList>
 #include <QString>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <utility>
 
 // A test with an empty settings store, a fresh application state, the event log
-// reset (debug mode off) and a temporary folder for files.
+// reset (debug mode off) and a temporary folder for files. The current folder is
+// restored when the test ends.
 class LumbraTest : public ::testing::Test {
 protected:
     LumbraTest();
@@ -24,9 +27,19 @@ protected:
     QString TempPath(const QString& relativePath = QString()) const;
     // A file's bytes; empty when it cannot be read.
     static QByteArray ReadFile(const QString& path);
+    // Zips the files, in order under their relative paths, with QzZipFiles into the
+    // archive at relativePath; with a password, encrypted. Returns the archive's path.
+    using Files = QList<std::pair<QString, QByteArray>>;
+    QString MakeZip(const QString& relativePath, const Files& files, const QString& password = {});
+
+    // The games' captions, in catalogue order.
+    QStringList Captions() const;
 
     QTemporaryDir m_temp;
     AppState m_state;
+
+private:
+    const QString m_startFolder;
 };
 
 // Readable QString values in failure messages.

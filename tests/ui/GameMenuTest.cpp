@@ -1,15 +1,7 @@
-#include "rom/QzZipFiles.h"
-#include "support/RecordingLauncher.h"
-#include "support/ScriptedPrompts.h"
-#include "support/ScriptedShell.h"
 #include "support/SnesImageBuilder.h"
-#include "support/TestFixtures.h"
 #include "support/WidgetSteps.h"
-#include "ui/StartLumbra.h"
-#include "ui/frmEventLog.h"
-#include "ui/frmMain.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
@@ -20,34 +12,21 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
-#include <functional>
 
 namespace {
 
 // Four games in two groups: an image without a copier header, one with it, a file
 // that is no image, and a zipped image.
-class GameMenuTest : public LumbraTest {
+class GameMenuTest : public WindowTest {
 protected:
-    ~GameMenuTest() override {
-        m_window.reset();
-        delete frmEventLog::Instance();
-    }
-
     void Start() {
         EnableLog();
         const QString folder = MakeFolder("Games") + '/';
         WriteFile("Games/mario.smc", SnesImageBuilder::HeaderlessLoRom("SUPER MARIO"));
         WriteFile("Games/zelda.smc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZELDA 3"));
         WriteFile("Games/metroid.smc", "x");
-        WriteFile("Zipped/game.smc", SnesImageBuilder::HeaderlessLoRom("FINAL FANTASY 3"));
-        ScriptedPrompts quiet;
-        QzZipFiles zip(quiet);
-        zip.RootDirectory = TempPath("Zipped");
-        zip.ZipFileName = folder + "pack.zip";
-        ASSERT_FALSE(zip.AddFile("game.smc"));
-        ASSERT_EQ(zip.MakeZipFile(), ZipOk);
+        MakeZip("Games/pack.zip",
+                {{"game.smc", SnesImageBuilder::HeaderlessLoRom("FINAL FANTASY 3")}});
 
         m_state.Store.Write("Folders\\Game Folders", "00", folder);
         m_state.Store.Write("Group List", "00", "RPG");
@@ -60,14 +39,9 @@ protected:
         for (int i = 0; i < games.size(); i += 2)
             m_state.Store.Write("Game List\\" + folder.toLower(), games[i], games[i + 1]);
         m_state.Store.Sync();
-        m_window = StartLumbra(m_state, m_prompts, m_shell, m_launcher, {});
-        m_window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
+        StartWindow();
     }
 
-    template <typename T> T* Control(const QString& name) const {
-        return m_window->findChild<T*>(name);
-    }
     QListWidget* List() const { return Control<QListWidget>("lstGameList"); }
     // The shown group, its games and, in brackets, the selected one.
     QString Shown() const {
@@ -98,9 +72,8 @@ protected:
     }
     // Opens the game information through the menu and runs the steps in it.
     void WithGameInfo(const std::function<void(QDialog*)>& steps) {
-        QTimer::singleShot(0, [&steps] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
+        RunWhenModal([&steps](QWidget* modal) {
+            auto* dialog = qobject_cast<QDialog*>(modal);
             steps(dialog);
             dialog->reject(); // when the steps left it open
         });
@@ -109,11 +82,6 @@ protected:
     QStringList LogLines(const QString& pattern) const {
         return LogText().split("\r\n").filter(QRegularExpression(pattern));
     }
-
-    ScriptedPrompts m_prompts;
-    ScriptedShell m_shell;
-    RecordingLauncher m_launcher;
-    std::unique_ptr<frmMain> m_window;
 };
 
 template <typename T> T* In(QDialog* dialog, const char* name) {
@@ -124,7 +92,7 @@ void Click(QDialog* dialog, const char* button) {
     QTest::mouseClick(In<QPushButton>(dialog, button), Qt::LeftButton);
 }
 
-QStringList Captions(const QMenu* menu, bool enabledOnly) {
+QStringList Entries(const QMenu* menu, bool enabledOnly) {
     QStringList captions;
     for (const QAction* item : menu->actions()) {
         if (item->isVisible() && !item->isSeparator() && (item->isEnabled() || !enabledOnly))
@@ -141,12 +109,12 @@ TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
     QTest::keyClick(List(), Qt::Key_F10, Qt::ShiftModifier);
     ASSERT_TRUE(menu->isVisible());
     menu->hide();
-    EXPECT_EQ(Captions(menu, true).size(), 8); // every entry
-    EXPECT_EQ(Captions(Control<QMenu>("mnuRomMenu_SendToGroup"), false),
+    EXPECT_EQ(Entries(menu, true).size(), 8); // every entry
+    EXPECT_EQ(Entries(Control<QMenu>("mnuRomMenu_SendToGroup"), false),
               (QStringList{"RPG*", "Action && Adventure", "Ungrouped", "&New Group..."}));
     Control<QMenu>("mnuSaveStates")->popup({}); // probed as it opens
     Control<QMenu>("mnuSaveStates")->hide();
-    EXPECT_EQ(Captions(Control<QMenu>("mnuSaveStates_Snes9X"), true), QStringList{"(1) Used"});
+    EXPECT_EQ(Entries(Control<QMenu>("mnuSaveStates_Snes9X"), true), QStringList{"(1) Used"});
     for (const qint16 clickDeletes : {0, 1}) { // only when the setting is on
         m_state.Options.StateClickDeletes = clickDeletes;
         Control<QAction>("mnuSaveStates_Snes9X_State(1)")->trigger();
@@ -157,7 +125,7 @@ TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
     QTest::keyClick(List(), Qt::Key_Menu);
     EXPECT_FALSE(menu->isVisible());
     menu->popup({}); // from the menu bar
-    EXPECT_TRUE(Captions(menu, true).isEmpty());
+    EXPECT_TRUE(Entries(menu, true).isEmpty());
     menu->hide();
 }
 
@@ -195,7 +163,6 @@ TEST_F(GameMenuTest, SendToGroupSwitchesTheViewAsAutoSwitchGroupSays) {
     EXPECT_EQ(Shown(), "RPG: Zelda [Zelda]");
     Choose("mnuSendToGroup_FixedGroup");
     EXPECT_EQ(Shown(), "RPG:  []");
-    EXPECT_EQ(Control<QLabel>("picSnapshot")->text(), "No snapshot");
 
     m_state.Options.AutoSwitchGroup = 2; // any value but 0 follows an existing group...
     ChooseGroup("Action & Adventure");

@@ -36,8 +36,7 @@ TEST_F(GroupManagerTest, AddRemoveAndCloseWorkThroughTheButtons) {
     EXPECT_EQ(ItemTexts(list), (QStringList{"RPG", "action", "Puzzle"}));
     EXPECT_EQ(prompts.AskedTexts(), QStringList(3, "Enter the new group's caption:"));
 
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(1)).center());
+    ClickLine(list, 1);
     click("cmdRemove");
     EXPECT_EQ(ItemTexts(list), (QStringList{"RPG", "Puzzle"}));
     EXPECT_EQ(m_state.Groups.Entries[1], "Puzzle");

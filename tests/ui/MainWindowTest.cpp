@@ -1,16 +1,8 @@
 #include "app/Startup.h"
 #include "config/Profiles.h"
-#include "launch/Launcher.h"
-#include "support/RecordingLauncher.h"
-#include "support/ScriptedPrompts.h"
-#include "support/ScriptedShell.h"
-#include "support/TestFixtures.h"
 #include "support/WidgetSteps.h"
-#include "ui/StartLumbra.h"
-#include "ui/frmEventLog.h"
-#include "ui/frmMain.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
@@ -20,15 +12,11 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QStatusBar>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
-class MainWindowTest : public LumbraTest {
+class MainWindowTest : public WindowTest {
 protected:
-    ~MainWindowTest() override { delete frmEventLog::Instance(); }
-
     // Four games in a folder, two groups, one game removed, stored as a last run left them.
     void SeedStore(const QString& defaultGroup = "Ungrouped") {
         const QString folder = MakeFolder("SNES Games") + '/';
@@ -48,38 +36,22 @@ protected:
         seed.Store.Sync();
     }
 
-    void Start(const QStringList& arguments = {}) {
-        m_window = StartLumbra(m_state, m_prompts, m_shell, m_launcher, arguments);
-        m_window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
-    }
-
-    template <typename T> T* Control(const char* name) const {
-        return m_window->findChild<T*>(QString::fromLatin1(name));
-    }
     QStringList Listed() const { return ItemTexts(Control<QListWidget>("lstGameList")); }
     void ChooseGroup(const QString& group) {
         PickFromList(Control<QComboBox>("cboGroupList"), group);
     }
-    void Trigger(const char* actionName) { Control<QAction>(actionName)->trigger(); }
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
-
-    ScriptedPrompts m_prompts;
-    ScriptedShell m_shell;
-    RecordingLauncher m_launcher;
-    std::unique_ptr<frmMain> m_window;
 };
 
 TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
     SeedStore("No Such Group");
-    Start({"/DEBUG"});
+    StartWindow({"/DEBUG"});
     EXPECT_TRUE(LogText().startsWith(QStringLiteral(
         "\r\n\r\n=== Loaded frmEventLog ===\r\nEmulator Defined: Nlke\r\nEmulator Defined: Snes9X"
-        "\r\nEmulator Defined: ZSnes\r\nImporting Settings from: Registry...Done."
-        "\r\nImporting Game Folders from: Registry...Done.\r\n\r\n=== Loaded frmMain ==="
-        "\r\nImporting GroupList from: Registry...Done.\r\nAdding groups to "
-        "frmMain.cboGroupList...Done."
-        "(Loaded frmLoadGameList)...\r\nGameList array cleared.\r\nImporting files from: ")))
+        "\r\nEmulator Defined: ZSnes\r\nImporting Settings from: Registry...Done.\r\nImporting "
+        "Game Folders from: Registry...Done.\r\n\r\n=== Loaded frmMain ===\r\nImporting GroupList "
+        "from: Registry...Done.\r\nAdding groups to frmMain.cboGroupList...Done.(Loaded "
+        "frmLoadGameList)...\r\nGameList array cleared.\r\nImporting files from: ")))
         << LogText().toStdString();
     EXPECT_TRUE(LogText().contains(
         QStringLiteral("Duplicates Found? False\r\n\r\n=== Unloaded frmLoadGameList ===\r\n"
@@ -108,7 +80,7 @@ TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
 TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheCloseReason) {
     SeedStore();
     m_state.Store.Clear();
-    Start({"/debug"});
+    StartWindow({"/debug"});
     QSignalSpy closed(m_window.get(), &frmMain::Closed);
 
     m_prompts.AnswerMessage(PromptAnswer::Cancel);
@@ -120,89 +92,75 @@ TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheClos
 
     m_prompts.AnswerMessage(PromptAnswer::Yes);
     QString logAtEnd;
-    QTimer::singleShot(50, [&logAtEnd] {
+    RunWhenModal([&logAtEnd](QWidget* log) {
         logAtEnd = frmEventLog::Instance()->Text();
-        frmEventLog::Instance()->close();
+        log->close();
     });
     m_window->close();
     EXPECT_TRUE(logAtEnd.contains(QStringLiteral(
         "\r\n\r\n=== Preparing to unload Lumbra===\r\nExporting Settings to: Registry...Done."
-        "\r\nExporting Game Folder list to: Registry...Done.\r\nExporting GroupList to: "
-        "Registry...Done."
-        "\r\nExporting GameList to: Registry...Done.\r\n\r\nWaiting to End Lumbra (Unload Mode "
-        "0)")))
+        "\r\nExporting Game Folder list to: Registry...Done.\r\nExporting GroupList to: Registry"
+        "...Done.\r\nExporting GameList to: Registry...Done.\r\n\r\nWaiting to End Lumbra (Unload "
+        "Mode 0)")))
         << logAtEnd.toStdString();
     EXPECT_EQ(closed.count(), 1);
     EXPECT_TRUE(StoreHasSettings());
     EXPECT_EQ(m_prompts.AskedTexts(), QStringList(2, "View the Event Log before Ending?"));
     EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNoCancel);
-
-    // Without debug mode the menu's Exit asks nothing and saves.
-    EventLog::Reset();
-    m_window.reset();
-    m_state.Store.Clear();
-    Start();
-    Trigger("mnuOptions_Exit");
-    EXPECT_EQ(m_prompts.Asked().size(), 2);
-    EXPECT_TRUE(StoreHasSettings());
+    // Without debug mode, Options > Exit asks nothing and saves: the smoke test ends so.
 }
 
 TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
     SeedStore();
+    m_state.Store.Write("Settings", "Snapshots_Show", "7");
+    m_state.Store.Sync();
+    StartWindow();
+
+    // An unknown value keeps the layout with the picture; a resize lays the window out again.
+    auto* picture = Control<QLabel>("picSnapshot");
+    auto* list = Control<QListWidget>("lstGameList");
+    const QWidget* inner = m_window->centralWidget();
+    for (const QSize size : {QSize(700, 500), QSize(640, 420)}) {
+        m_window->resize(size);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(picture->isVisible());
+        EXPECT_EQ(picture->x(), inner->width() - picture->width() - 5);
+        EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, inner->height() - 38));
+    }
+    m_state.Options.Snapshots_Show = 0;
+    m_window->Form_Resize();
+    EXPECT_FALSE(picture->isVisible());
+    EXPECT_EQ(list->width(), inner->width() - 10);
+
     m_state.Options.Snapshots_Show = 1;
-    Start();
+    m_window->Form_Resize();
+    EXPECT_TRUE(picture->isVisible());
     m_state.Options.SnapshotFolder = MakeFolder("Shots");
     QImage shot(32, 28, QImage::Format_RGB32);
     shot.fill(Qt::red);
     ASSERT_TRUE(shot.save(TempPath("Shots/zelda.bmp")));
     ChooseGroup("RPG");
-
-    auto* picture = Control<QLabel>("picSnapshot");
-    auto* list = Control<QListWidget>("lstGameList");
-    const int inner = m_window->centralWidget()->width();
-    EXPECT_TRUE(picture->isVisible());
-    EXPECT_EQ(picture->x(), inner - picture->width() - 5);
-    EXPECT_EQ(list->geometry(),
-              QRect(5, 33, picture->x() - 10, m_window->centralWidget()->height() - 38));
     EXPECT_TRUE(picture->pixmap().isNull()); // Tetris has no snapshot
     QTest::keyClick(list, Qt::Key_Down);
     EXPECT_FALSE(picture->pixmap().isNull());
-
-    m_state.Options.Snapshots_Show = 0;
-    m_window->Form_Resize();
-    EXPECT_FALSE(picture->isVisible());
-    EXPECT_EQ(list->width(), inner - 10);
 }
 
-TEST_F(MainWindowTest, OddStoredValuesAndAFullCatalogueLeaveAUsableWindow) {
+TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
     const QString folder = MakeFolder("Full") + '/';
     for (int i = 0; i <= GameList::Capacity; ++i)
         WriteFile(QStringLiteral("Full/g%1.smc").arg(i, 4, 10, QLatin1Char('0')));
     const QString huge(10 * 1024 * 1024, QLatin1Char('W'));
     m_state.Store.Write("Game List\\" + folder.toLower(), "g0001.smc", huge + ";Ungrouped");
     m_state.Store.Write("Folders\\Game Folders", "00", folder);
-    m_state.Store.Write("Settings", "Snapshots_Show", "7");
     m_state.Store.Sync();
-    Start();
+    StartWindow();
 
-    // An unknown snapshot setting keeps the layout with the picture.
-    auto* picture = Control<QLabel>("picSnapshot");
     auto* list = Control<QListWidget>("lstGameList");
-    for (const QSize size : {QSize(700, 500), QSize(640, 420)}) {
-        m_window->resize(size);
-        QCoreApplication::processEvents();
-        const QWidget* inner = m_window->centralWidget();
-        EXPECT_TRUE(picture->isVisible());
-        EXPECT_EQ(picture->x(), inner->width() - picture->width() - 5);
-        EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, inner->height() - 38));
-    }
-
     // A caption of ten million characters is listed short and still finds its game.
     ASSERT_EQ(list->count(), GameList::Capacity);
     EXPECT_LT(list->item(1)->text().size(), 1000);
     EXPECT_TRUE(list->item(1)->text().startsWith("WWW"));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                      list->visualItemRect(list->item(1)).center());
+    ClickLine(list, 1);
     const QString status = m_window->statusBar()->currentMessage();
     EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc")) << status.toStdString();
 
@@ -213,22 +171,18 @@ TEST_F(MainWindowTest, OddStoredValuesAndAFullCatalogueLeaveAUsableWindow) {
 }
 
 TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
-    Start();
+    StartWindow();
     m_window->setGeometry(60, 75, 600, 450);
     m_window->close();
     EXPECT_EQ(SettingsStore().Read("Settings", "MainForm"), "900;1125;9000;6750;0");
 
-    const QStringList endings{"2", "0"};
-    for (const QString& state : endings) {
+    // The next run ends maximised, the one after starts so and ends normal.
+    for (const QString state : {"2", "0"}) {
         m_window.reset();
         m_state.Options = Settings();
-        Start();
+        StartWindow();
         EXPECT_EQ(m_window->normalGeometry().size(), QSize(600, 450));
-        // The first run ends maximised, the second starts so and ends normal.
-        if (state == endings.first())
-            m_window->showMaximized();
-        else
-            m_window->showNormal();
+        state == "2" ? m_window->showMaximized() : m_window->showNormal();
         QTest::qWait(20);
         m_window->close();
         EXPECT_EQ(SettingsStore().Read("Settings", "MainForm"), "900;1125;9000;6750;" + state);
@@ -239,12 +193,11 @@ TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
     SeedStore();
     for (const char* profile : {"fast", "Basic", "clean"})
         WriteProfile(m_state.Store, "Snes9X", QString::fromLatin1(profile), "-x");
-    Start();
+    StartWindow();
     ChooseGroup("RPG");
     auto* list = Control<QListWidget>("lstGameList");
     auto* menu = Control<QMenu>("mnuRomMenu");
-    QTest::mouseClick(list->viewport(), Qt::RightButton, {},
-                      list->visualItemRect(list->item(0)).center());
+    ClickLine(list, 0, Qt::RightButton);
     ASSERT_TRUE(menu->isVisible());
     menu->hide();
 
@@ -263,14 +216,12 @@ TEST_F(MainWindowTest, RomMenuStoresTheEmulatorAndListsProfilesSorted) {
     EXPECT_EQ(tetris.Emulator, "ZSnes");
 
     // "New..." creates a profile for the game's emulator and gives it to the game.
-    QTimer::singleShot(50, [] {
-        QWidget* editor = QApplication::activeModalWidget();
-        ASSERT_NE(editor, nullptr);
+    RunWhenModal([](QWidget* editor) {
         QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "  Speedy ");
         QTest::keyClicks(editor->findChild<QLineEdit*>("txtOptions"), "-m 2");
         QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
     });
-    Trigger("mnuProfile_New");
+    Control<QAction>("mnuProfile_New")->trigger();
     EXPECT_EQ(tetris.Profile, "Speedy");
     EXPECT_EQ(ReadProfile(m_state.Store, "ZSnes", "Speedy"), "-m 2");
 }

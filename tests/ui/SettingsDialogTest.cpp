@@ -1,12 +1,7 @@
 #include "app/Startup.h"
-#include "support/RecordingLauncher.h"
-#include "support/ScriptedPrompts.h"
-#include "support/ScriptedShell.h"
 #include "support/SnesImageBuilder.h"
-#include "support/TestFixtures.h"
 #include "support/WidgetSteps.h"
-#include "ui/StartLumbra.h"
-#include "ui/frmMain.h"
+#include "support/WindowTest.h"
 #include "ui/frmSettings.h"
 
 #include <QApplication>
@@ -20,15 +15,16 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
 using Flag = qint16 Settings::*;
 using Text = QString Settings::*;
+// Each check box is named "chk" and its setting, most text boxes "txt" and theirs.
+#define FLAG(setting) std::pair<const char*, Flag>("chk" #setting, &Settings::setting)
+#define TXT(setting) std::pair<const char*, Text>("txt" #setting, &Settings::setting)
 
-class SettingsDialogTest : public LumbraTest {
+class SettingsDialogTest : public WindowTest {
 protected:
     // A store as a player who has set everything up leaves it.
     void SeedStore() {
@@ -82,31 +78,7 @@ protected:
         Reveal<QLineEdit>(name)->selectAll();
         QTest::keyClicks(Control<QLineEdit>(name), text);
     }
-    void SelectLine(const QString& listName, int row) {
-        auto* list = Reveal<QListWidget>(listName);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualItemRect(list->item(row)).center());
-    }
-    // Picks the entry from the selector's drop-down list, as a player would.
-    void Choose(const QString& selector, const QString& entry) {
-        PickFromList(Reveal<QComboBox>(selector), entry);
-    }
     QString TextOf(const QString& name) const { return Control<QLineEdit>(name)->text(); }
-    QStringList Lines(const QString& listName) const {
-        return ItemTexts(Control<QListWidget>(listName));
-    }
-    // Runs steps on the modal dialog about to open, once it is there; the steps close it.
-    void RunWhenModal(std::function<void()> steps) {
-        QTimer::singleShot(0, [this, steps] {
-            if (QApplication::activeModalWidget())
-                steps();
-            else
-                RunWhenModal(steps);
-        });
-    }
-
-    ScriptedPrompts m_prompts;
-    ScriptedShell m_shell;
     std::unique_ptr<frmSettings> m_dialog;
 };
 
@@ -121,12 +93,10 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
     EXPECT_EQ(Control<QComboBox>("cboDefaultEmulator")->currentText(), "Snes9X");
     EXPECT_EQ(TextOf("txtEmuFolder") + TextOf("txtEmuSaveFolder") + TextOf("txtDefaultProfile"),
               "/emus/snes9x//emus/saves/fast");
-    EXPECT_EQ(Control<QLabel>("lblLaunchFiles")->text(),
-              "snes9x.pif snes9x.lnk snes9x.bat snes9x.exe snes9x snes9x.sh");
 
     EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->currentText(), "Ungrouped"); // "Gone" is gone
     EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 2);
-    EXPECT_EQ(Lines("lstRomFolders"), QStringList{TempPath("Games/")});
+    EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")), QStringList{TempPath("Games/")});
     EXPECT_EQ(TextOf("txtExportFolder") + TextOf("txtSnapshotFolder") + TextOf("txtNoSnapPic"),
               "/exports//snaps//snaps/none.png");
     EXPECT_EQ(TextOf("txtSPCProgram") + TextOf("txtSPCParameters"), "spcplay-q");
@@ -156,35 +126,26 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
     Open();
     const Settings before = m_state.Options;
     const QList<std::pair<const char*, Flag>> flags{
-        {"chkAutoSwitchGroup", &Settings::AutoSwitchGroup},
-        {"chkStateClickDeletes", &Settings::StateClickDeletes},
-        {"chkUseBaseFilenames", &Settings::UseBaseFilenames},
-        {"chkRomBatchFileSupport", &Settings::RomBatchFileSupport},
-        {"chkSnapshots_Show", &Settings::Snapshots_Show},
-        {"chkSnapshots_UseWizard", &Settings::Snapshots_UseWizard},
-        {"chkSnapshots_AutoUse1st", &Settings::Snapshots_AutoUse1st},
-        {"chkSnapshots_HideIfPicExists", &Settings::Snapshots_HideIfPicExists},
-        {"chkSnapshots_AutoRenameAll", &Settings::Snapshots_AutoRenameAll},
-        {"chkSPC_UseWizard", &Settings::SPC_UseWizard},
-        {"chkSPC_DisplayList", &Settings::SPC_DisplayList},
-        {"chkSPC_ShowMenu", &Settings::SPC_ShowMenu}};
+        FLAG(AutoSwitchGroup),         FLAG(StateClickDeletes),
+        FLAG(UseBaseFilenames),        FLAG(RomBatchFileSupport),
+        FLAG(Snapshots_Show),          FLAG(Snapshots_UseWizard),
+        FLAG(Snapshots_AutoUse1st),    FLAG(Snapshots_HideIfPicExists),
+        FLAG(Snapshots_AutoRenameAll), FLAG(SPC_UseWizard),
+        FLAG(SPC_DisplayList),         FLAG(SPC_ShowMenu)};
     for (const auto& [name, flag] : flags) {
         Press(name);
         EXPECT_EQ(m_state.Options.*flag, before.*flag == 0 ? 1 : 0) << name;
     }
     const QList<std::pair<const char*, Text>> texts{
-        {"txtExportFolder", &Settings::ExportFolder},
-        {"txtUnzipFolder", &Settings::UnzipFolder},
-        {"txtSnapshotFolder", &Settings::SnapshotFolder},
-        {"txtNoSnapPic", &Settings::Snapshots_NoSnapPic},
-        {"txtSPCFolder", &Settings::SPCFolder}};
+        TXT(ExportFolder), TXT(UnzipFolder), TXT(SnapshotFolder), TXT(SPCFolder),
+        std::pair<const char*, Text>("txtNoSnapPic", &Settings::Snapshots_NoSnapPic)};
     for (const auto& [name, text] : texts) {
         Type(name, "/typed/");
         EXPECT_EQ(m_state.Options.*text, "/typed/") << name;
     }
 
     // The emulator texts follow the emulator chosen; ";" would split a stored record.
-    Choose("cboEmulator", "Nlke");
+    PickFromList(Reveal<QComboBox>("cboEmulator"), "Nlke");
     EXPECT_EQ(Control<QLabel>("lblLaunchFiles")->text(),
               "nlke.pif nlke.lnk nlke.bat nlke.exe nlke nlke.sh");
     Type("txtEmuFolder", "/nlke;/");
@@ -192,16 +153,15 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
     EXPECT_EQ(m_state.Emulators.Records[0].Folder, "/nlke/");
     EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile, "quick");
     EXPECT_EQ(m_state.Emulators.Records[1].Folder, "/emus/snes9x/");
-    RunWhenModal([] { // "Settings..." makes a new profile the emulator's default
-        QWidget* editor = QApplication::activeModalWidget();
+    RunWhenModal([](QWidget* editor) { // "Settings..." makes a new profile the emulator's default
         QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "Smooth");
         QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
     });
     Click("cmdEmuSettings");
     EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile + TextOf("txtDefaultProfile"),
               "SmoothSmooth");
-    Choose("cboDefaultEmulator", "ZSnes");
-    Choose("cboDefaultGroup", "RPG");
+    PickFromList(Reveal<QComboBox>("cboDefaultEmulator"), "ZSnes");
+    PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "RPG");
     EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesRPG");
 
     Press("optAssociated");
@@ -217,7 +177,7 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
 TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
     SeedStore();
     Open();
-    Choose("cboEmulator", "ZSnes");
+    PickFromList(Reveal<QComboBox>("cboEmulator"), "ZSnes");
     const QStringList buttons{"cmdEmuFolder_Browse",      "cmdEmuSaveFolder_Browse",
                               "cmdExportFolder_Browse",   "cmdUnzipFolder_Browse",
                               "cmdSnapshotFolder_Browse", "cmdSPCFolder_Browse"};
@@ -247,24 +207,22 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
 TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
     WriteFile("Games/Zelda.smc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZELDA"));
     WriteFile("Games/Mario.sfc", SnesImageBuilder::HeaderlessLoRom("MARIO"));
-    RecordingLauncher launcher;
-    const std::unique_ptr<frmMain> window = StartLumbra(m_state, m_prompts, m_shell, launcher, {});
-    window->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-    auto* games = window->findChild<QListWidget*>("lstGameList");
-    auto* addGameFolder = window->findChild<QPushButton*>("cmdAddGameFolder");
+    StartWindow();
+    auto* games = m_window->findChild<QListWidget*>("lstGameList");
+    auto* addGameFolder = m_window->findChild<QPushButton*>("cmdAddGameFolder");
     EXPECT_TRUE(addGameFolder->isVisible());
-    EXPECT_EQ(window->statusBar()->currentMessage(), "No game folder yet");
+    EXPECT_EQ(m_window->statusBar()->currentMessage(), "No game folder yet");
 
     // The first run's button opens the "ROM Folders" page; "&Close" stores folders and settings.
-    RunWhenModal([&] {
+    RunWhenModal([&](QWidget*) {
         EXPECT_EQ(Control<QTabWidget>("tabSettings")->currentWidget()->objectName(), "ROM Folders");
         m_shell.AnswerFolder(TempPath("Games")).AnswerFolder(TempPath("Games/"));
         for (int i = 0; i < 3; ++i) // added, refused as already there, cancelled
             Click("cmdRomFolders_Add");
-        EXPECT_EQ(Lines("lstRomFolders"), QStringList{TempPath("Games/")});
+        EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")),
+                  QStringList{TempPath("Games/")});
         EXPECT_EQ(games->count(), 2);
-        SelectLine("lstRomFolders", 0);
+        ClickLine(Reveal<QListWidget>("lstRomFolders"), 0);
         EXPECT_EQ(Control<QLabel>("lblRomCount")->text(), "Game Count: 2");
         Press("chkSnapshots_Show");
         Click("cmdClose");
@@ -275,20 +233,20 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
     EXPECT_EQ(m_state.Games.Count(), 2);
     EXPECT_EQ(games->count(), 2);
     EXPECT_FALSE(addGameFolder->isVisible());
-    EXPECT_FALSE(window->findChild<QLabel*>("picSnapshot")->isVisible()); // laid out at once
+    EXPECT_FALSE(m_window->findChild<QLabel*>("picSnapshot")->isVisible()); // laid out at once
     EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
     EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "0");
 
     // Opened again from the menu: no doubled entries; the frame stores the settings only.
-    RunWhenModal([&] {
+    RunWhenModal([&](QWidget* settings) {
         EXPECT_EQ(Control<QComboBox>("cboEmulator")->count(), 3);
-        SelectLine("lstRomFolders", 0);
+        ClickLine(Reveal<QListWidget>("lstRomFolders"), 0);
         Click("cmdRomFolders_Remove");
-        EXPECT_EQ(Lines("lstRomFolders"), QStringList());
+        EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")), QStringList());
         Press("chkSnapshots_Show");
-        QApplication::activeModalWidget()->close();
+        settings->close();
     });
-    window->findChild<QAction*>("mnuOptions_Settings")->trigger();
+    m_window->findChild<QAction*>("mnuOptions_Settings")->trigger();
     EXPECT_EQ(m_state.Games.Count(), 0);
     EXPECT_EQ(games->count(), 0);
     EXPECT_TRUE(addGameFolder->isVisible());

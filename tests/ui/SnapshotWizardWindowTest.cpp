@@ -1,16 +1,14 @@
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/SnapshotWizardDialogView.h"
 #include "ui/frmSnapshotWizard.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
@@ -28,9 +26,8 @@ TEST_F(SnapshotWizardWindowTest, PreviewsThePickedImageAndClosesOnceItIsUsed) {
     QImage(32, 16, QImage::Format_RGB32).save(TempPath("Shots/shot2.bmp"));
     wizard.SortForNewImages();
 
-    QTimer::singleShot(0, [&prompts] {
-        auto* dialog = qobject_cast<frmSnapshotWizard*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
+    RunWhenModal([&prompts](QWidget* dialog) {
+        ASSERT_TRUE(qobject_cast<frmSnapshotWizard*>(dialog));
         EXPECT_TRUE(QTest::qWaitForWindowExposed(dialog));
         auto* list = dialog->findChild<QListWidget*>("lstNewImages");
         auto* use = dialog->findChild<QPushButton*>("cmdUse");
@@ -38,8 +35,7 @@ TEST_F(SnapshotWizardWindowTest, PreviewsThePickedImageAndClosesOnceItIsUsed) {
         EXPECT_EQ(list->count(), 2);
         EXPECT_FALSE(use->isEnabled());
 
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                          list->visualItemRect(list->item(1)).center());
+        ClickLine(list, 1);
         EXPECT_TRUE(use->isEnabled());
         EXPECT_EQ(preview->pixmap().size(), QSize(256, 128));
         QTest::keyClick(list, Qt::Key_Up);
@@ -52,7 +48,7 @@ TEST_F(SnapshotWizardWindowTest, PreviewsThePickedImageAndClosesOnceItIsUsed) {
         QTest::mouseClick(use, Qt::LeftButton);
         EXPECT_FALSE(dialog->isVisible());
         if (dialog->isVisible())
-            dialog->reject(); // so that a failure does not hang the test
+            dialog->close(); // so that a failure does not hang the test
     });
     SnapshotWizardDialogView().ShowModal(wizard);
     EXPECT_EQ(prompts.AskedTexts().size(), 5);
