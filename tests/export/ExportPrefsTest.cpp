@@ -4,40 +4,8 @@
 
 namespace {
 
+// The keys and the round trip through the dialog are checked with the dialog.
 using ExportPrefsTest = LumbraTest;
-
-TEST_F(ExportPrefsTest, PrefsRoundTripThroughTheStoreUnderTheirKeys) {
-    ExportPrefs prefs;
-    prefs.ExportMethod = 3;
-    prefs.GroupIndex = 2;
-    prefs.FilePatterns << "*mario*";
-    prefs.FilePatternIndex = 7;
-    prefs.SortMethod = 2;
-    prefs.WriteOrder = {5, 4, 3, 2, 1, 0};
-    prefs.WriteOrderChecked = {true, false, true, false, true, false};
-    prefs.FileFormat = 1;
-    SaveExportPrefs(m_state.Store, prefs);
-
-    const SettingsStore store;
-    const auto read = [&store](const QString& key) { return store.Read(ExportPrefsSection, key); };
-    EXPECT_EQ(read("optExportMethod"), "3");
-    EXPECT_EQ(read("cboGroups"), "2");
-    EXPECT_EQ(read("File Pattern 00"), "*.058");
-    EXPECT_EQ(read("File Pattern 07"), "*mario*");
-    EXPECT_EQ(read("cboFilePatterns"), "7");
-    EXPECT_EQ(read("cboWriteOrder0"), "5");
-    EXPECT_EQ(read("chkWriteOrder1"), "0");
-    EXPECT_EQ(read("optFileFormat"), "1");
-
-    const ExportPrefs loaded = LoadExportPrefs(store);
-    EXPECT_EQ(loaded.FilePatterns, prefs.FilePatterns);
-    EXPECT_EQ(loaded.WriteOrder, prefs.WriteOrder);
-    EXPECT_EQ(loaded.WriteOrderChecked, prefs.WriteOrderChecked);
-    EXPECT_EQ(std::tie(loaded.ExportMethod, loaded.GroupIndex, loaded.FilePatternIndex,
-                       loaded.SortMethod, loaded.FileFormat),
-              std::tie(prefs.ExportMethod, prefs.GroupIndex, prefs.FilePatternIndex,
-                       prefs.SortMethod, prefs.FileFormat));
-}
 
 TEST_F(ExportPrefsTest, HandEditedValuesFallBackToTheDefaults) {
     const auto write = [this](const QString& key, const QString& value) {

@@ -109,6 +109,17 @@ protected:
         return QString::fromUtf8(ReadFile(target));
     }
 
+    // The named columns are written in this order, the others not.
+    void WriteColumns(QStringList keys) {
+        const qsizetype written = keys.size();
+        for (const QString& key : ColumnKeys) {
+            if (!keys.contains(key))
+                keys << key;
+        }
+        for (int i = 0; i < ColumnCount; ++i)
+            m_choices.WriteOrder[i] = {keys[i], i < written};
+    }
+
     static QString Lines(const QStringList& lines) { return lines.join("\r\n") + "\r\n"; }
     static QString Footer(int count, const QString& sortKey) {
         return Lines({"", "File Count: " + QString::number(count), "(Sorted by " + sortKey + ")",
@@ -144,12 +155,7 @@ TEST_F(ExportWriterTest, PlainTextForEachMethodAndSortKey) {
     m_choices.Method = ExportMethod::GameFolder;
     m_choices.Filter = TempPath("Games In The SECOND Folder");
     m_choices.SortKey = "File Size";
-    m_choices.WriteOrder = {{{"Filename"},
-                             {"File Size"},
-                             {"Folder"},
-                             {"Caption"},
-                             {"Group", false},
-                             {"File Type", false}}};
+    WriteColumns({"Filename", "File Size", "Folder", "Caption"});
     const QString folder = TempPath("games in the second folder/").toLower();
     EXPECT_EQ(Export(),
               Lines({"Filename                      Size      Folder                        "
@@ -165,12 +171,7 @@ TEST_F(ExportWriterTest, PlainTextForEachMethodAndSortKey) {
 
     m_choices.Method = ExportMethod::Group;
     m_choices.Filter = "rpg";
-    m_choices.WriteOrder = {{{"Caption"},
-                             {"File Size"},
-                             {"Group"},
-                             {"Folder", false},
-                             {"Filename", false},
-                             {"File Type", false}}};
+    WriteColumns({"Caption", "File Size", "Group"});
     const QString title = "Caption                       Size      Group               ";
     EXPECT_EQ(Export(), Lines({title, QString(60, '-'),
                                "Chrono Saga: The Very Long Caption   0K     RPG                 ",
@@ -192,12 +193,7 @@ TEST_F(ExportWriterTest, HtmlShowsEveryTextAsWrittenInAlternatingRows) {
     m_state.Games.Records[5].Caption = "Pilotwings \"é\" ★ </td></tr>";
     m_choices.Format = ExportFormat::Html;
     m_choices.SortKey = "File Size";
-    m_choices.WriteOrder = {{{"Caption"},
-                             {"File Size"},
-                             {"File Type"},
-                             {"Group", false},
-                             {"Filename", false},
-                             {"Folder", false}}};
+    WriteColumns({"Caption", "File Size", "File Type"});
     const QString target = TempPath("list.html");
     ASSERT_TRUE(WriteGameListExport(m_state.Games, m_choices, target, m_progress));
     const QByteArray bytes = ReadFile(target);
@@ -227,7 +223,8 @@ TEST_F(ExportWriterTest, AGameFileThatVanishedFailsTheExportAndLeavesTheTargetAl
     QFile::remove(TempPath("Games In The Second Folder/pilotwings.swc"));
     QString reason;
     EXPECT_FALSE(WriteGameListExport(m_state.Games, m_choices, target, m_progress, &reason));
-    EXPECT_TRUE(reason.endsWith("games in the second folder/pilotwings.swc")) << reason.toStdString();
+    EXPECT_TRUE(reason.endsWith("games in the second folder/pilotwings.swc"))
+        << reason.toStdString();
     EXPECT_EQ(ReadFile(target), "the last export");
 
     m_choices.Method = ExportMethod::Group; // a filter that leaves the missing game out
