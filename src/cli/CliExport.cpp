@@ -8,6 +8,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -127,6 +128,11 @@ int RunExport(CliContext& context, const QStringList& arguments) {
         problem = TakeSortAndFormat(rest, choices);
     if (problem.isEmpty())
         problem = TakeMethod(rest, state, choices);
+    const auto option = std::find_if(rest.cbegin(), rest.cend(), [](const QString& argument) {
+        return argument.startsWith(QLatin1String("--"));
+    });
+    if (problem.isEmpty() && option != rest.cend())
+        problem = QStringLiteral("unknown option: ") + *option;
     if (problem.isEmpty() && rest.size() != 1)
         problem = rest.isEmpty()
                       ? QStringLiteral("export needs an output FILE, or - for standard output")

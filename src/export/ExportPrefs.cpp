@@ -46,6 +46,16 @@ QString EntryOrFirst(const QStringList& entries, int index) {
 
 } // namespace
 
+bool NamesEachColumnOnce(const std::array<int, ColumnCount>& order) {
+    std::array<bool, ColumnCount> seen{};
+    for (const int key : order) {
+        if (key < 0 || key >= ColumnCount || seen[key])
+            return false;
+        seen[key] = true;
+    }
+    return true;
+}
+
 ExportPrefs LoadExportPrefs(const SettingsStore& store) {
     ExportPrefs prefs;
     ReadInto(store, MethodKey, 4, prefs.ExportMethod);
@@ -70,9 +80,7 @@ ExportPrefs LoadExportPrefs(const SettingsStore& store) {
         if (const auto written = ReadIndex(store, WrittenKey + Number(i), 2))
             prefs.WriteOrderChecked[i] = *written == 1;
     }
-    std::array<int, ColumnCount> sorted = order;
-    std::sort(sorted.begin(), sorted.end());
-    if (sorted == ExportPrefs().WriteOrder)
+    if (NamesEachColumnOnce(order))
         prefs.WriteOrder = order;
     ReadInto(store, FormatKey, 2, prefs.FileFormat);
     return prefs;

@@ -31,6 +31,9 @@ struct ExportPrefs {
     int FileFormat = 0;
 };
 
+// Whether a write order (indexes into ColumnKeys) names each column once.
+bool NamesEachColumnOnce(const std::array<int, ColumnCount>& order);
+
 // Values that are missing, not whole numbers or out of range keep their defaults;
 // a write order that does not name each column once falls back to the default
 // order. List indexes are checked against the lists when they are applied.

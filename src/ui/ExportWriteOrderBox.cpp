@@ -1,5 +1,7 @@
 #include "ui/ExportWriteOrderBox.h"
 
+#include "export/ExportPrefs.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -7,17 +9,7 @@
 
 namespace {
 
-constexpr std::array<int, ColumnCount> DefaultOrder{0, 1, 2, 3, 4, 5};
-
-bool NamesEachColumnOnce(const std::array<int, ColumnCount>& keys) {
-    std::array<bool, ColumnCount> seen{};
-    for (const int key : keys) {
-        if (key < 0 || key >= ColumnCount || seen[key])
-            return false;
-        seen[key] = true;
-    }
-    return true;
-}
+const std::array<int, ColumnCount> DefaultOrder = ExportPrefs().WriteOrder;
 
 } // namespace
 
