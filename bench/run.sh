@@ -3,6 +3,7 @@
 # whole processes with a warm page cache, and prints each figure beside its floor:
 #   cold scan  lumbra-cli scan with only the folders stored: every caption read from a header
 #   warm list  lumbra-cli list with the game list stored by a scan
+#   export     lumbra-cli export of the whole stored list as the plain-text table
 #   window     lumbra from exec to its main window mapped on Xvfb, which it maps only
 #              once the game list is filled
 # The file-system floor (lumbra-floor-scan) lists the folders and reads the header
@@ -48,6 +49,7 @@ save_store rebuilt
 in_process() { awk '{ for (i = 2; i <= NF; ++i) if ($i == "ms;") print $(i - 1), $(NF - 1) * 1024 }'; }
 cold_scan() { use_store folders && "$bin/lumbra-bench-time" "$cli" scan; }
 warm_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" list; }
+export_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" export --force "$work/gamelist.txt"; }
 scan_floor() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan" "$work/games"/*; }
 window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; }
 window_floor() { "$bin/lumbra-bench-mapwait" "Qt Floor" "$bin/lumbra-floor-window"; }
@@ -100,6 +102,7 @@ export DISPLAY=":$(cat "$work/display")"
 
 turns cold_scan cold_scan scan_floor
 turns warm_list warm_list scan_floor
+turns export export_list scan_floor
 turns window window window_floor
 turns start cli_start floor_start
 turns cold_rebuild cold_rebuild floor_inside
@@ -109,6 +112,7 @@ echo "Lumbra against the floor of its work: 1,000 games in 10 folders, warm page
 echo "Whole processes, medians of $runs runs taking turns with the floor; peak = highest max RSS."
 report "cold scan" cold_scan 2.0 15
 report "warm list" warm_list 1.5 15
+report "export" export
 report "window" window 1.3
 echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, the floor with no"
 echo "folder), then the rebuild alone, timed inside lumbra-bench and inside the floor."
