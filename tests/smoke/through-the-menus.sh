@@ -1,7 +1,8 @@
 #!/bin/sh
 # Starts the real program on a virtual display, opens Options > Front-End Settings...
 # with the keyboard, closes the dialog with its "&Close" button and checks that the
-# dialog stored the settings while Lumbra still ran; then ends Lumbra through Options >
+# dialog stored the settings while Lumbra still ran; does the same with Options >
+# Export... > Game List and the export choices; then ends Lumbra through Options >
 # Exit and checks that it ended normally and saved its placement. No step relies on
 # the machine's speed: each one is retried until it has taken effect, within a
 # generous deadline.
@@ -40,6 +41,27 @@ xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
         xdotool windowfocus --sync "$window" 2>/dev/null
         xdotool key --window "$window" alt+o 2>/dev/null
         sleep 0.5
+        xdotool key e 2>/dev/null
+        sleep 0.3
+        xdotool key l 2>/dev/null
+        for _ in $(seq 10); do
+            export=$(xdotool search --onlyvisible --name "^Export Game List$" 2>/dev/null | head -n 1)
+            [ -n "$export" ] && break 2
+            sleep 0.1
+        done
+        xdotool key Escape Escape 2>/dev/null # the menus may not have opened yet
+    done
+    [ -n "${export:-}" ] || { kill $pid; echo "the export dialog did not open"; exit 1; }
+    for _ in $(seq 60); do
+        xdotool windowfocus --sync "$export" 2>/dev/null
+        xdotool key --window "$export" alt+c 2>/dev/null
+        for _ in $(seq 10); do grep -q "^optExportMethod=" "$store" 2>/dev/null && break 2; sleep 0.1; done
+    done
+    grep -q "^optExportMethod=" "$store" 2>/dev/null || { kill $pid; echo "Close did not store the export choices"; exit 1; }
+    for _ in $(seq 60); do
+        xdotool windowfocus --sync "$window" 2>/dev/null
+        xdotool key --window "$window" alt+o 2>/dev/null
+        sleep 0.5
         xdotool key x 2>/dev/null
         for _ in $(seq 10); do kill -0 $pid 2>/dev/null || break 2; sleep 0.1; done
         xdotool key Escape 2>/dev/null
@@ -50,4 +72,4 @@ xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
 status=$?
 [ $status -eq 0 ] || { echo "smoke test failed with status $status"; exit 1; }
 grep -q '^MainForm=' "$work/config/Lumbra/Lumbra.conf" || { echo "settings were not saved on close"; exit 1; }
-echo "the settings dialog opened and closed, and Lumbra closed through its menu"
+echo "the settings and export dialogs opened and closed, and Lumbra closed through its menu"
