@@ -17,47 +17,38 @@ xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
     store="$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
     "$0" & pid=$!
     window=$(xdotool search --sync --onlyvisible --name "^Lumbra$" | head -n 1)
-    for _ in $(seq 60); do
-        xdotool windowfocus --sync "$window" 2>/dev/null
-        xdotool key --window "$window" alt+o 2>/dev/null
-        sleep 0.5
-        xdotool key f 2>/dev/null
-        for _ in $(seq 10); do
-            settings=$(xdotool search --onlyvisible --name "^Settings$" 2>/dev/null | head -n 1)
-            [ -n "$settings" ] && break 2
-            sleep 0.1
+    fail() { kill $pid 2>/dev/null; echo "$1"; exit 1; }
+    # open_dialog TITLE KEY...: Options, then the keys, until the dialog shows.
+    open_dialog() {
+        title=$1
+        shift
+        for _ in $(seq 60); do
+            xdotool windowfocus --sync "$window" 2>/dev/null
+            xdotool key --window "$window" alt+o 2>/dev/null
+            for key in "$@"; do sleep 0.5; xdotool key "$key" 2>/dev/null; done
+            for _ in $(seq 10); do
+                dialog=$(xdotool search --onlyvisible --name "^$title\$" 2>/dev/null | head -n 1)
+                [ -n "$dialog" ] && return 0
+                sleep 0.1
+            done
+            xdotool key Escape Escape 2>/dev/null # the menus may not have opened yet
         done
-        xdotool key Escape 2>/dev/null # the menu may not have opened yet
-    done
-    [ -n "${settings:-}" ] || { kill $pid; echo "the settings dialog did not open"; exit 1; }
-    for _ in $(seq 60); do
-        xdotool windowfocus --sync "$settings" 2>/dev/null
-        xdotool key --window "$settings" alt+c 2>/dev/null
-        for _ in $(seq 10); do grep -q "^SPC_App=" "$store" 2>/dev/null && break 2; sleep 0.1; done
-    done
-    grep -q "^SPC_App=" "$store" 2>/dev/null || { kill $pid; echo "Close did not store the settings"; exit 1; }
+        fail "the $title dialog did not open"
+    }
+    # close_dialog KEY WHAT: Alt+C on the dialog until the store holds KEY.
+    close_dialog() {
+        for _ in $(seq 60); do
+            xdotool windowfocus --sync "$dialog" 2>/dev/null
+            xdotool key --window "$dialog" alt+c 2>/dev/null
+            for _ in $(seq 10); do grep -q "^$1=" "$store" 2>/dev/null && return 0; sleep 0.1; done
+        done
+        fail "Close did not store $2"
+    }
+    open_dialog Settings f
+    close_dialog SPC_App "the settings"
     kill -0 $pid 2>/dev/null || { echo "Lumbra ended with the dialog"; exit 1; }
-    for _ in $(seq 60); do
-        xdotool windowfocus --sync "$window" 2>/dev/null
-        xdotool key --window "$window" alt+o 2>/dev/null
-        sleep 0.5
-        xdotool key e 2>/dev/null
-        sleep 0.3
-        xdotool key l 2>/dev/null
-        for _ in $(seq 10); do
-            export=$(xdotool search --onlyvisible --name "^Export Game List$" 2>/dev/null | head -n 1)
-            [ -n "$export" ] && break 2
-            sleep 0.1
-        done
-        xdotool key Escape Escape 2>/dev/null # the menus may not have opened yet
-    done
-    [ -n "${export:-}" ] || { kill $pid; echo "the export dialog did not open"; exit 1; }
-    for _ in $(seq 60); do
-        xdotool windowfocus --sync "$export" 2>/dev/null
-        xdotool key --window "$export" alt+c 2>/dev/null
-        for _ in $(seq 10); do grep -q "^optExportMethod=" "$store" 2>/dev/null && break 2; sleep 0.1; done
-    done
-    grep -q "^optExportMethod=" "$store" 2>/dev/null || { kill $pid; echo "Close did not store the export choices"; exit 1; }
+    open_dialog "Export Game List" e l
+    close_dialog optExportMethod "the export choices"
     for _ in $(seq 60); do
         xdotool windowfocus --sync "$window" 2>/dev/null
         xdotool key --window "$window" alt+o 2>/dev/null
@@ -66,7 +57,7 @@ xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
         for _ in $(seq 10); do kill -0 $pid 2>/dev/null || break 2; sleep 0.1; done
         xdotool key Escape 2>/dev/null
     done
-    if kill -0 $pid 2>/dev/null; then kill $pid; echo "Lumbra did not close through its menu"; exit 1; fi
+    kill -0 $pid 2>/dev/null && fail "Lumbra did not close through its menu"
     wait $pid
 ' "$lumbra"
 status=$?
