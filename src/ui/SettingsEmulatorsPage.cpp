@@ -11,26 +11,11 @@
 #include <QRegularExpressionValidator>
 #include <algorithm>
 
-namespace {
-
-QComboBox* AddSelector(QWidget* page, QGridLayout* grid, int row, const QString& caption,
-                       const QString& name) {
-    auto* selector = new QComboBox(page);
-    selector->setObjectName(name);
-    auto* label = new QLabel(caption, page);
-    label->setBuddy(selector);
-    grid->addWidget(label, row, 0);
-    grid->addWidget(selector, row, 1);
-    return selector;
-}
-
-} // namespace
-
 SettingsEmulatorsPage::SettingsEmulatorsPage(SettingsContext& context)
     : SettingsPage(context, QStringLiteral("Emulators")) {
     auto* grid = new QGridLayout(this);
     m_cboEmulator =
-        AddSelector(this, grid, 0, QStringLiteral("Emulator:"), QStringLiteral("cboEmulator"));
+        AddSelector(grid, 0, QStringLiteral("Emulator:"), QStringLiteral("cboEmulator"));
     connect(m_cboEmulator, &QComboBox::activated, this, &SettingsEmulatorsPage::cboEmulator_Click);
 
     // The store joins an emulator's folders and profile with ";".
@@ -53,8 +38,8 @@ SettingsEmulatorsPage::SettingsEmulatorsPage(SettingsContext& context)
                                                 "emulator from its folder"));
     grid->addWidget(m_lblLaunchFiles, 4, 1, 1, 2);
 
-    m_cboDefaultEmulator = AddSelector(this, grid, 5, QStringLiteral("Default:"),
-                                       QStringLiteral("cboDefaultEmulator"));
+    m_cboDefaultEmulator =
+        AddSelector(grid, 5, QStringLiteral("Default:"), QStringLiteral("cboDefaultEmulator"));
     connect(m_cboDefaultEmulator, &QComboBox::activated, this, [this] {
         m_context.State.Options.DefaultEmulator = m_cboDefaultEmulator->currentText();
     });

@@ -6,7 +6,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
-#include <QLabel>
 #include <algorithm>
 
 SettingsGeneralPage::SettingsGeneralPage(SettingsContext& context)
@@ -18,12 +17,8 @@ SettingsGeneralPage::SettingsGeneralPage(SettingsContext& context)
     AddFolder(grid, 1, QStringLiteral("Unzip Folder:"), QStringLiteral("txtUnzipFolder"),
               [&options]() -> QString& { return options.UnzipFolder; });
 
-    m_cboDefaultGroup = new QComboBox(this);
-    m_cboDefaultGroup->setObjectName(QStringLiteral("cboDefaultGroup"));
-    auto* label = new QLabel(QStringLiteral("Default Group:"), this);
-    label->setBuddy(m_cboDefaultGroup);
-    grid->addWidget(label, 2, 0);
-    grid->addWidget(m_cboDefaultGroup, 2, 1);
+    m_cboDefaultGroup =
+        AddSelector(grid, 2, QStringLiteral("Default Group:"), QStringLiteral("cboDefaultGroup"));
     connect(m_cboDefaultGroup, &QComboBox::activated, this,
             [this, &options] { options.DefaultGroup = m_cboDefaultGroup->currentText(); });
 

@@ -5,6 +5,7 @@
 #include "ui/MakeButton.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QGridLayout>
 #include <QLabel>
@@ -37,14 +38,27 @@ QCheckBox* SettingsPage::AddFlag(const QString& name, const QString& caption, qi
     return box;
 }
 
+void SettingsPage::AddCaptioned(QGridLayout* grid, int row, const QString& caption,
+                                QWidget* control) {
+    auto* label = new QLabel(caption, this);
+    label->setBuddy(control);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(control, row, 1);
+}
+
+QComboBox* SettingsPage::AddSelector(QGridLayout* grid, int row, const QString& caption,
+                                     const QString& name) {
+    auto* selector = new QComboBox(this);
+    selector->setObjectName(name);
+    AddCaptioned(grid, row, caption, selector);
+    return selector;
+}
+
 QLineEdit* SettingsPage::AddText(QGridLayout* grid, int row, const QString& caption,
                                  const QString& name, TextSetting setting) {
     auto* text = new QLineEdit(this);
     text->setObjectName(name);
-    auto* label = new QLabel(caption, this);
-    label->setBuddy(text);
-    grid->addWidget(label, row, 0);
-    grid->addWidget(text, row, 1);
+    AddCaptioned(grid, row, caption, text);
     connect(text, &QLineEdit::textEdited, this,
             [setting](const QString& value) { setting() = value; });
     m_texts.append({text, std::move(setting)});

@@ -7,6 +7,7 @@
 
 class Prompts;
 class QCheckBox;
+class QComboBox;
 class QGridLayout;
 class QLineEdit;
 class QPushButton;
@@ -45,6 +46,8 @@ protected:
     // A caption and a text in a grid row; typing stores the text in the setting.
     QLineEdit* AddText(QGridLayout* grid, int row, const QString& caption, const QString& name,
                        TextSetting setting);
+    // A caption and a selector in a grid row.
+    QComboBox* AddSelector(QGridLayout* grid, int row, const QString& caption, const QString& name);
     // AddText with a browse button for a folder, in the grid's third column.
     QLineEdit* AddFolder(QGridLayout* grid, int row, const QString& caption, const QString& name,
                          TextSetting setting);
@@ -56,6 +59,8 @@ protected:
 
 private:
     void BrowseFolder(QLineEdit* text, const TextSetting& setting);
+    // The caption in the row's first column, naming the control in its second.
+    void AddCaptioned(QGridLayout* grid, int row, const QString& caption, QWidget* control);
 
     QList<std::pair<QCheckBox*, qint16*>> m_flags;
     QList<std::pair<QLineEdit*, TextSetting>> m_texts;
