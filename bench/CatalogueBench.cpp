@@ -7,9 +7,9 @@
 //
 // bench/run.sh drives both, and times the rebuild with and without stored data
 // beside the file-system floor (lumbra-floor-scan).
-#include "app/AppState.h"
-#include "app/Progress.h"
 #include "app/Startup.h"
+#include "base/Progress.h"
+#include "catalogue/AppState.h"
 
 #include <QCoreApplication>
 #include <QDir>

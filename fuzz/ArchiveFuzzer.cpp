@@ -1,5 +1,5 @@
 #include "FuzzCheck.h"
-#include "app/Prompts.h"
+#include "base/Prompts.h"
 #include "rom/QzUnzipFiles.h"
 #include "rom/UnzipState.h"
 

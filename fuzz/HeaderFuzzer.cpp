@@ -1,7 +1,7 @@
 #include "FuzzCheck.h"
 #include "HeaderImage.h"
 #include "TextChecks.h"
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
 #include "rom/RomInfo.h"
 
 #include <QBuffer>

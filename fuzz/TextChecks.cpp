@@ -1,7 +1,7 @@
 #include "TextChecks.h"
 
 #include "FuzzCheck.h"
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
 #include "rom/FormatCaption.h"
 
 #include <QStringList>

@@ -1,9 +1,9 @@
 #include "app/Startup.h"
 
-#include "app/AppState.h"
-#include "app/AppTitle.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
+#include "base/AppTitle.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "catalogue/AppState.h"
 #include "config/StoreWriterLock.h"
 
 namespace {
@@ -15,16 +15,16 @@ bool IsDebugSwitch(const QStringList& arguments) {
 }
 
 void LoadConfiguration(AppState& state) {
-    DefineEmulators(state);
-    ImportSettings(state, Store, QString());
-    ImportGameFolders(state, Store, QString());
+    DefineEmulators(state.Emulators, state.Store);
+    ImportSettings(state.Store, state.Options, state.Emulators, Store, QString());
+    ImportGameFolders(state.Store, state.GameFolders, Store, QString());
 }
 
 void SaveEverything(AppState& state) {
     LogEvent(QStringLiteral("\r\n=== Preparing to unload ") + AppTitle + QStringLiteral("==="));
     const SettingsStore::Batch oneWrite(state.Store);
-    ExportSettings(state, Store, QString());
-    ExportGameFolders(state, Store, QString());
+    ExportSettings(state.Store, state.Options, state.Emulators, Store, QString());
+    ExportGameFolders(state.Store, state.GameFolders, Store, QString());
     ExportGroupList(state, Store, QString());
     ExportGameList(state, Store, QString());
 }

@@ -1,9 +1,9 @@
 #include "catalogue/FolderScan.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
+#include "base/EventLog.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
+#include "platform/PathResolver.h"
 
 #include <QDir>
 #include <algorithm>

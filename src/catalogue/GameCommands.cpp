@@ -1,9 +1,9 @@
 #include "catalogue/GameCommands.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "catalogue/GameFolderCommands.h"
 
-#include "app/AppState.h"
-#include "app/Progress.h"
+#include "base/Progress.h"
+#include "catalogue/AppState.h"
 #include "catalogue/FolderScan.h"
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 
 FolderAddResult AddGameFolderAndScan(AppState& state, const QString& folder, Progress& progress) {
     FolderAddResult result;

@@ -1,6 +1,6 @@
 #include "catalogue/GameList.h"
 
-#include "app/EventLog.h"
+#include "base/EventLog.h"
 
 #include <QHash>
 #include <algorithm>

@@ -1,13 +1,13 @@
 #include "catalogue/GameList.h"
 
-#include "app/AppState.h"
-#include "app/AppTitle.h"
-#include "app/EventLog.h"
-#include "app/Progress.h"
-#include "app/StringHelpers.h"
+#include "base/AppTitle.h"
+#include "base/EventLog.h"
+#include "base/Progress.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 #include "catalogue/FolderScan.h"
 #include "config/StorageTarget.h"
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 #include "rom/RomCaption.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "catalogue/GroupList.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
+#include "base/EventLog.h"
+#include "catalogue/AppState.h"
 #include "catalogue/GameList.h"
 #include "config/StorageTarget.h"
 

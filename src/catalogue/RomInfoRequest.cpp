@@ -1,9 +1,9 @@
 #include "catalogue/RomInfoRequest.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 #include "rom/DecompressGame.h"
 
 RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
@@ -22,7 +22,8 @@ RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
         request.ExtractData = false;
         return request;
     }
-    request.RomFilename = DecompressGame(state, prompts, folder + game.Filename);
+    request.RomFilename =
+        DecompressGame(state.Unzip, state.Options.UnzipFolder, prompts, folder + game.Filename);
     request.RomPath = AddBackslash(state.Options.UnzipFolder);
     LogEvent(QStringLiteral("Decompressed: ") + folder + game.Filename);
     return request;
@@ -30,5 +31,5 @@ RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
 
 void FinishRomInfo(AppState& state, Prompts& prompts, const RomInfoRequest& request) {
     if (request.Zipped)
-        DecompressGame(state, prompts, QStringLiteral("flush"));
+        DecompressGame(state.Unzip, state.Options.UnzipFolder, prompts, QStringLiteral("flush"));
 }

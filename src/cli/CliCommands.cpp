@@ -1,16 +1,16 @@
 #include "cli/CliCommands.h"
 
-#include "app/AppState.h"
-#include "app/Progress.h"
 #include "app/Startup.h"
-#include "app/StringHelpers.h"
+#include "base/Progress.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 #include "catalogue/GameFolderCommands.h"
 #include "catalogue/GroupFilter.h"
 #include "cli/CliLog.h"
 #include "cli/CliSupport.h"
 #include "cli/JsonLine.h"
 #include "config/StoreWriterLock.h"
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 #include "rom/RomCaption.h"
 #include "rom/RomInfo.h"
 
@@ -92,7 +92,7 @@ int AddFolder(CliContext& context, const QString& path) {
         return ExitFailed;
     }
     const SettingsStore::Batch oneWrite(state.Store);
-    ExportGameFolders(state, Store, QString());
+    ExportGameFolders(state.Store, state.GameFolders, Store, QString());
     ExportGameList(state, Store, QString());
     const int games = state.GameFolders.Entries[added.Index].RomCount;
     context.Out << "Added " << folder << ": " << games << (games == 1 ? " game" : " games")
@@ -109,7 +109,8 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
     const bool json = TakeFlag(files, QStringLiteral("--json"));
     if (files.isEmpty())
         return UsageError(context, QStringLiteral("info needs at least one FILE"));
-    ImportSettings(context.State, Store, QString());
+    ImportSettings(context.State.Store, context.State.Options, context.State.Emulators, Store,
+                   QString());
     int exitCode = ExitOk;
     bool first = true;
     for (const QString& file : files) {
@@ -198,7 +199,7 @@ int RunFolders(CliContext& context, const QStringList& arguments) {
     AppState& state = context.State;
     const QString action = arguments.value(0);
     if (action == QLatin1String("list") && arguments.size() == 1) {
-        ImportGameFolders(state, Store, QString());
+        ImportGameFolders(state.Store, state.GameFolders, Store, QString());
         for (const GameFolder& folder : state.GameFolders.Entries) {
             if (folder.Path.isEmpty())
                 break;
@@ -216,13 +217,13 @@ int RunFolders(CliContext& context, const QStringList& arguments) {
         return ExitFailed;
     if (action == QLatin1String("add"))
         return AddFolder(context, arguments.at(1));
-    ImportGameFolders(state, Store, QString());
+    ImportGameFolders(state.Store, state.GameFolders, Store, QString());
     QString path = arguments.at(1);
     if (QFileInfo(path).isRelative())
         path = QFileInfo(path).absoluteFilePath();
     if (!state.GameFolders.RemoveGameFolder(path))
         return Refused(context);
-    ExportGameFolders(state, Store, QString());
+    ExportGameFolders(state.Store, state.GameFolders, Store, QString());
     return ExitOk;
 }
 

@@ -1,10 +1,10 @@
-#include "app/AppState.h"
+#include "catalogue/AppState.h"
 #include "cli/CliLog.h"
 #include "cli/CliPrompts.h"
 #include "cli/CliSupport.h"
 #include "config/StoreWriterLock.h"
 #include "launch/LaunchEmu.h"
-#include "launch/RealShell.h"
+#include "platform/RealShell.h"
 #include "snapshots/SnapshotWizard.h"
 
 namespace {

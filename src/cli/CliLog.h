@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/EventLog.h"
+#include "base/EventLog.h"
 
 // The command-line front's event log. It keeps the text so that a refused change
 // can report its reason, and with --debug it also writes the text to standard

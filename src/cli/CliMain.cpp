@@ -1,4 +1,4 @@
-#include "app/AppState.h"
+#include "catalogue/AppState.h"
 #include "cli/CliCommands.h"
 #include "cli/CliLog.h"
 

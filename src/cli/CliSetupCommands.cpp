@@ -1,9 +1,9 @@
-#include "app/AppState.h"
 #include "app/Startup.h"
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 #include "cli/CliSupport.h"
 #include "config/StoreWriterLock.h"
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -59,7 +59,7 @@ int RunConfig(CliContext& context, const QStringList& arguments) {
                     << ", not '" << arguments.at(2) << "'\n";
         return ExitFailed;
     }
-    ExportSettings(state, Store, QString());
+    ExportSettings(state.Store, state.Options, state.Emulators, Store, QString());
     return ExitOk;
 }
 
@@ -121,6 +121,6 @@ int RunEmulators(CliContext& context, const QStringList& arguments) {
     }
     if (hasProfile)
         emulator.DefaultProfile = profile;
-    ExportSettings(state, Store, QString());
+    ExportSettings(state.Store, state.Options, state.Emulators, Store, QString());
     return ExitOk;
 }

@@ -1,8 +1,8 @@
 #include "cli/CliSupport.h"
 
-#include "app/AppState.h"
-#include "app/Progress.h"
 #include "app/Startup.h"
+#include "base/Progress.h"
+#include "catalogue/AppState.h"
 #include "cli/CliLog.h"
 #include "config/StoreWriterLock.h"
 

@@ -1,8 +1,8 @@
 #include "config/Emulators.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/StringHelpers.h"
+#include "base/EventLog.h"
+#include "base/StringHelpers.h"
+#include "config/SettingsStore.h"
 
 namespace {
 
@@ -40,12 +40,12 @@ int EmulatorTable::GameEmulatorIndex(const QString& gameEmulator,
     return FindEmulatorIndex(useDefault ? defaultEmulator : gameEmulator);
 }
 
-void DefineEmulators(AppState& state) {
+void DefineEmulators(EmulatorTable& emulators, const SettingsStore& store) {
     for (int index = 0; index < EmulatorTable::Count; ++index) {
-        EmulatorRecord& emulator = state.Emulators.Records[index];
+        EmulatorRecord& emulator = emulators.Records[index];
         emulator.Name = EmulatorTable::Names[index];
         emulator.LaunchFiles = LaunchFilesFor(emulator.Name);
-        const QString value = state.Store.Read(EmulatorsSection, emulator.Name);
+        const QString value = store.Read(EmulatorsSection, emulator.Name);
         emulator.Folder = GetField(value, 1, QStringLiteral(";"));
         emulator.SaveFolder = GetField(value, 2, QStringLiteral(";"));
         LogEvent(QStringLiteral("Emulator Defined: ") + emulator.Name);

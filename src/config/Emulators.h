@@ -3,7 +3,7 @@
 #include <QString>
 #include <array>
 
-struct AppState;
+class SettingsStore;
 
 struct EmulatorRecord {
     QString Name;
@@ -35,4 +35,4 @@ public:
 
 // Fills the table: the fixed names and launch files, then folder and save folder
 // from the read-only store section "Emulators".
-void DefineEmulators(AppState& state);
+void DefineEmulators(EmulatorTable& emulators, const SettingsStore& store);

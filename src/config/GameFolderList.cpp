@@ -1,8 +1,8 @@
 #include "config/GameFolderList.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/StringHelpers.h"
+#include "base/EventLog.h"
+#include "base/StringHelpers.h"
+#include "config/SettingsStore.h"
 #include "config/StorageTarget.h"
 
 #include <QDir>
@@ -64,7 +64,8 @@ int GameFolderList::Count() const {
     return count;
 }
 
-void ExportGameFolders(AppState& state, const QString& target, const QString& path) {
+void ExportGameFolders(SettingsStore& store, const GameFolderList& folders, const QString& target,
+                       const QString& path) {
     switch (ParseStorageTarget(target)) {
     case StorageTarget::None:
         return;
@@ -77,19 +78,19 @@ void ExportGameFolders(AppState& state, const QString& target, const QString& pa
 
     LogEvent(QStringLiteral("Exporting Game Folder list to: Registry..."));
     // Rewriting the whole section drops the keys of removed folders.
-    state.Store.DeleteSection(GameFoldersSection);
-    const GameFolderList& folders = state.GameFolders;
+    store.DeleteSection(GameFoldersSection);
     for (int index = 0; index < GameFolderList::Capacity; ++index) {
         const QString& folder = folders.Entries[index].Path;
         if (folder.isEmpty())
             break;
-        state.Store.Write(GameFoldersSection, IndexKey(index), folder);
+        store.Write(GameFoldersSection, IndexKey(index), folder);
     }
-    state.Store.Sync();
+    store.Sync();
     LogEvent(QStringLiteral("Done."), true);
 }
 
-void ImportGameFolders(AppState& state, const QString& target, const QString& path) {
+void ImportGameFolders(const SettingsStore& store, GameFolderList& folders, const QString& target,
+                       const QString& path) {
     switch (ParseStorageTarget(target)) {
     case StorageTarget::None:
         return;
@@ -103,10 +104,10 @@ void ImportGameFolders(AppState& state, const QString& target, const QString& pa
     LogEvent(QStringLiteral("Importing Game Folders from: Registry..."));
     // Entries after the last one read keep what they held.
     for (int index = 0; index < GameFolderList::Capacity; ++index) {
-        const QString folder = state.Store.Read(GameFoldersSection, IndexKey(index));
+        const QString folder = store.Read(GameFoldersSection, IndexKey(index));
         if (folder.isEmpty())
             break;
-        state.GameFolders.Entries[index].Path = folder;
+        folders.Entries[index].Path = folder;
     }
     LogEvent(QStringLiteral("Done."), true);
 }

@@ -4,7 +4,7 @@
 #include <QtGlobal>
 #include <array>
 
-struct AppState;
+class SettingsStore;
 
 struct GameFolder {
     QString Path;
@@ -26,5 +26,7 @@ public:
     std::array<GameFolder, Capacity> Entries;
 };
 
-void ImportGameFolders(AppState& state, const QString& target, const QString& path);
-void ExportGameFolders(AppState& state, const QString& target, const QString& path);
+void ImportGameFolders(const SettingsStore& store, GameFolderList& folders, const QString& target,
+                       const QString& path);
+void ExportGameFolders(SettingsStore& store, const GameFolderList& folders, const QString& target,
+                       const QString& path);

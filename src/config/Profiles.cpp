@@ -1,6 +1,5 @@
 #include "config/Profiles.h"
 
-#include "catalogue/GameRecord.h"
 #include "config/Emulators.h"
 #include "config/SettingsStore.h"
 
@@ -32,10 +31,11 @@ ProfileMenuModel::ProfileMenuModel() {
     m_items.append(ProfileMenuItem{QStringLiteral("<no profiles found>"), false, true, false});
 }
 
-void ProfileMenuModel::Build(const SettingsStore& store, const GameRecord& game) {
+void ProfileMenuModel::Build(const SettingsStore& store, const QString& gameEmulator,
+                             const QString& gameProfile) {
     // The game's emulator as it stands: an empty, "Default" or unknown one leaves the
     // items as they are.
-    const QString emulator = game.Emulator.toLower();
+    const QString emulator = gameEmulator.toLower();
     for (const QLatin1String name : EmulatorTable::Names) {
         if (emulator == QString(name).toLower()) {
             ListProfiles(ProfileNames(store, name));
@@ -44,7 +44,7 @@ void ProfileMenuModel::Build(const SettingsStore& store, const GameRecord& game)
     }
 
     for (ProfileMenuItem& item : m_items)
-        item.Checked = item.Caption.compare(game.Profile, Qt::CaseInsensitive) == 0;
+        item.Checked = item.Caption.compare(gameProfile, Qt::CaseInsensitive) == 0;
 }
 
 void ProfileMenuModel::ListProfiles(const QStringList& profiles) {

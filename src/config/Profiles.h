@@ -5,7 +5,6 @@
 #include <QStringList>
 
 class SettingsStore;
-struct GameRecord;
 
 // The store section that holds an emulator's settings profiles: "Profiles\" + name.
 QString ProfileSection(const QString& emulatorName);
@@ -31,7 +30,7 @@ public:
 
     // Lists the profiles of the game's emulator (when it is one of the three),
     // sorts the captions and ticks the game's profile.
-    void Build(const SettingsStore& store, const GameRecord& game);
+    void Build(const SettingsStore& store, const QString& gameEmulator, const QString& gameProfile);
 
     const QList<ProfileMenuItem>& Items() const { return m_items; }
 

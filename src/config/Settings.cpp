@@ -1,10 +1,11 @@
 #include "config/Settings.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/StringHelpers.h"
+#include "base/EventLog.h"
+#include "base/StringHelpers.h"
+#include "config/Emulators.h"
+#include "config/SettingsStore.h"
 #include "config/StorageTarget.h"
-#include "launch/OsHelpers.h"
+#include "platform/OsHelpers.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -126,9 +127,9 @@ WindowPlacement ParsePlacement(const QString& text) {
 
 // The emulator that an emulator key of "Folders" belongs to: looked up by name, or
 // by table position while the table has not been defined yet.
-EmulatorRecord& EmulatorFor(EmulatorTable& emulators, int position) {
+int EmulatorIndexFor(const EmulatorTable& emulators, int position) {
     const int index = emulators.FindEmulatorIndex(EmulatorTable::Names[position]);
-    return emulators.Records[index >= 0 ? index : position];
+    return index >= 0 ? index : position;
 }
 
 // The entry of a "Folders" or "Settings" key, without regard to case.
@@ -203,7 +204,8 @@ Settings DefaultSettings() {
     return defaults;
 }
 
-void ExportSettings(AppState& state, const QString& target, const QString& path) {
+void ExportSettings(SettingsStore& store, const Settings& options, const EmulatorTable& emulators,
+                    const QString& target, const QString& path) {
     switch (ParseStorageTarget(target)) {
     case StorageTarget::None:
         return;
@@ -215,12 +217,10 @@ void ExportSettings(AppState& state, const QString& target, const QString& path)
     }
 
     LogEvent(QStringLiteral("Exporting Settings to: Registry..."));
-    SettingsStore& store = state.Store;
-    const Settings& options = state.Options;
 
     WriteKeys(store, FoldersSection, options, std::begin(FolderKeys), std::end(FolderKeys));
     for (int position = 0; position < EmulatorTable::Count; ++position) {
-        const EmulatorRecord& emulator = EmulatorFor(state.Emulators, position);
+        const EmulatorRecord& emulator = emulators.Records[EmulatorIndexFor(emulators, position)];
         store.Write(FoldersSection, EmulatorTable::Names[position],
                     emulator.Folder + Delimiter + emulator.SaveFolder + Delimiter +
                         emulator.DefaultProfile);
@@ -233,7 +233,8 @@ void ExportSettings(AppState& state, const QString& target, const QString& path)
     LogEvent(QStringLiteral("Done."), true);
 }
 
-void ImportSettings(AppState& state, const QString& target, const QString& path) {
+void ImportSettings(const SettingsStore& store, Settings& options, EmulatorTable& emulators,
+                    const QString& target, const QString& path) {
     switch (ParseStorageTarget(target)) {
     case StorageTarget::None:
         return;
@@ -245,14 +246,12 @@ void ImportSettings(AppState& state, const QString& target, const QString& path)
     }
 
     LogEvent(QStringLiteral("Importing Settings from: Registry..."));
-    const SettingsStore& store = state.Store;
-    Settings& options = state.Options;
     const Settings defaults = DefaultSettings();
 
     ReadKeys(store, FoldersSection, options, defaults, std::begin(FolderKeys),
              std::end(FolderKeys));
     for (int position = 0; position < EmulatorTable::Count; ++position) {
-        EmulatorRecord& emulator = EmulatorFor(state.Emulators, position);
+        EmulatorRecord& emulator = emulators.Records[EmulatorIndexFor(emulators, position)];
         const QString value =
             store.Read(FoldersSection, EmulatorTable::Names[position], EmulatorDefault);
         emulator.Folder = GetField(value, 1, Delimiter);

@@ -5,7 +5,8 @@
 #include <QtGlobal>
 #include <optional>
 
-struct AppState;
+class EmulatorTable;
+class SettingsStore;
 
 // The main window's placement, in twips (1/1440 inch), and its state
 // (0 normal, 1 minimised, 2 maximised).
@@ -69,5 +70,7 @@ SettingChange SetSettingText(Settings& options, const QString& key, const QStrin
 
 // Move every setting (and the emulators' folders and default profiles) between
 // memory and the store. The file target only logs what it would do.
-void ImportSettings(AppState& state, const QString& target, const QString& path);
-void ExportSettings(AppState& state, const QString& target, const QString& path);
+void ImportSettings(const SettingsStore& store, Settings& options, EmulatorTable& emulators,
+                    const QString& target, const QString& path);
+void ExportSettings(SettingsStore& store, const Settings& options, const EmulatorTable& emulators,
+                    const QString& target, const QString& path);

@@ -1,7 +1,7 @@
 #include "export/ExportPrefs.h"
 
-#include "app/AppState.h"
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "export/ExportWriter.h"
 
-#include "app/AppTitle.h"
-#include "app/Progress.h"
-#include "app/StringHelpers.h"
+#include "base/AppTitle.h"
+#include "base/Progress.h"
+#include "base/StringHelpers.h"
 #include "catalogue/GameList.h"
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,15 +1,15 @@
 #include "launch/LaunchEmu.h"
 
-#include "app/AppState.h"
-#include "app/AppTitle.h"
-#include "app/ErrorReport.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
+#include "base/AppTitle.h"
+#include "base/ErrorReport.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 #include "config/Profiles.h"
-#include "launch/OsHelpers.h"
-#include "launch/PathResolver.h"
-#include "launch/SystemShell.h"
+#include "platform/OsHelpers.h"
+#include "platform/PathResolver.h"
+#include "platform/SystemShell.h"
 #include "rom/DecompressGame.h"
 #include "snapshots/SnapshotWizard.h"
 
@@ -75,7 +75,8 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             // Both pieces are still empty here, so the line reads "Decompressing: ...".
             Log(QStringLiteral("    Decompressing: ") + launchFolder + launchFileName +
                 QStringLiteral("..."));
-            launchFileName = DecompressGame(m_state, m_prompts, game.Folder + game.Filename);
+            launchFileName = DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts,
+                                            game.Folder + game.Filename);
             LogEvent(QStringLiteral("done."), true);
             launchFolder = AddBackslash(options.UnzipFolder);
             Log(QStringLiteral("    Filename: ") + launchFolder + launchFileName);
@@ -159,7 +160,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
                         QStringLiteral("dropdown list."),
                     PromptButtons::Ok, PromptIcon::Information);
                 if (zipped)
-                    DecompressGame(m_state, m_prompts, Flush);
+                    DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
                 Log(QStringLiteral("} EXIT LaunchEmu (No Launch File Exists)"));
                 return LaunchEnd::NoLaunchFile;
             }
@@ -222,7 +223,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
         }
 
         if (zipped)
-            DecompressGame(m_state, m_prompts, Flush);
+            DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
         QDir::setCurrent(savedFolder);
         Log(QStringLiteral("} END LaunchEmu"));
         return LaunchEnd::Ended;

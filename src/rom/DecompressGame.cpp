@@ -1,11 +1,11 @@
 #include "rom/DecompressGame.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "platform/PathResolver.h"
 #include "rom/QzUnzipFiles.h"
+#include "rom/UnzipState.h"
 
 #include <QFile>
 #include <QStringList>
@@ -25,9 +25,9 @@ bool IsGameImage(const QString& name) {
 }
 
 // Deletes every file the last extraction made; a file already gone is passed over.
-void Flush(AppState& state) {
-    const QString folder = AddBackslash(state.Options.UnzipFolder);
-    for (const QString& name : state.Unzip.UnzippedFiles) {
+void Flush(const UnzipState& unzipState, const QString& unzipFolder) {
+    const QString folder = AddBackslash(unzipFolder);
+    for (const QString& name : unzipState.UnzippedFiles) {
         if (!name.isEmpty())
             QFile::remove(folder + name);
     }
@@ -35,17 +35,18 @@ void Flush(AppState& state) {
 
 } // namespace
 
-QString DecompressGame(AppState& state, Prompts& prompts, const QString& argument) {
+QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Prompts& prompts,
+                       const QString& argument) {
     if (argument.toLower() == QLatin1String("flush")) {
-        Flush(state);
+        Flush(unzipState, unzipFolder);
         return QString();
     }
 
     QString unzipped;
     {
-        QzUnzipFiles unzip(state.Unzip, prompts);
+        QzUnzipFiles unzip(unzipState, prompts);
         unzip.ZipFileName = PathResolver().ResolveOrKeep(argument);
-        unzip.ExtractDir = state.Options.UnzipFolder;
+        unzip.ExtractDir = unzipFolder;
         unzip.HonorDirectories = false;
         if (unzip.Unzip() != UnzipOk)
             prompts.Message(unzip.GetLastMessage());
@@ -59,10 +60,10 @@ QString DecompressGame(AppState& state, Prompts& prompts, const QString& argumen
     if (EventLog::DebugMode())
         prompts.Message(QStringLiteral("The following files were unzipped:\r\n\r\n") + unzipped);
 
-    for (const QString& name : state.Unzip.UnzippedFiles) {
+    for (const QString& name : unzipState.UnzippedFiles) {
         if (!name.isEmpty() && IsGameImage(name))
             return name;
     }
-    Flush(state);
+    Flush(unzipState, unzipFolder);
     return QString();
 }

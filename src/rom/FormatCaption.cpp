@@ -1,6 +1,6 @@
 #include "rom/FormatCaption.h"
 
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
 
 #include <QSet>
 

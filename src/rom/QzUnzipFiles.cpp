@@ -1,6 +1,6 @@
 #include "rom/QzUnzipFiles.h"
 
-#include "app/Prompts.h"
+#include "base/Prompts.h"
 #include "rom/UnzipFolder.h"
 #include "rom/UnzipState.h"
 

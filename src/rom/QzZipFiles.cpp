@@ -1,6 +1,6 @@
 #include "rom/QzZipFiles.h"
 
-#include "app/Prompts.h"
+#include "base/Prompts.h"
 
 #include <QDateTime>
 #include <QDir>

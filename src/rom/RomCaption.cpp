@@ -1,7 +1,7 @@
 #include "rom/RomCaption.h"
 
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
+#include "base/StringHelpers.h"
+#include "platform/PathResolver.h"
 #include "rom/FormatCaption.h"
 #include "rom/RomInfo.h"
 

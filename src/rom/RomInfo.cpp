@@ -1,7 +1,7 @@
 #include "rom/RomInfo.h"
 
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
+#include "base/StringHelpers.h"
+#include "platform/PathResolver.h"
 
 #include <QFile>
 #include <QIODevice>

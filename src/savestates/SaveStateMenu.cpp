@@ -1,10 +1,10 @@
 #include "savestates/SaveStateMenu.h"
 
-#include "app/AppState.h"
-#include "app/StringHelpers.h"
-#include "launch/OsHelpers.h"
-#include "launch/PathResolver.h"
-#include "launch/SystemShell.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
+#include "platform/OsHelpers.h"
+#include "platform/PathResolver.h"
+#include "platform/SystemShell.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "snapshots/ImageFiles.h"
 
-#include "app/PictureTypes.h"
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
+#include "base/PictureTypes.h"
+#include "base/StringHelpers.h"
+#include "platform/PathResolver.h"
 
 #include <QDir>
 #include <QFile>

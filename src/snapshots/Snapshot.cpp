@@ -1,8 +1,8 @@
 #include "snapshots/Snapshot.h"
 
-#include "app/PictureTypes.h"
-#include "app/StringHelpers.h"
-#include "launch/OsHelpers.h"
+#include "base/PictureTypes.h"
+#include "base/StringHelpers.h"
+#include "platform/OsHelpers.h"
 
 #include <QDir>
 

@@ -1,11 +1,11 @@
 #include "snapshots/SnapshotCommands.h"
 
-#include "app/AppState.h"
-#include "app/PictureTypes.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
-#include "launch/SystemShell.h"
+#include "base/PictureTypes.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
+#include "platform/PathResolver.h"
+#include "platform/SystemShell.h"
 #include "snapshots/ImageFiles.h"
 
 #include <QDir>

@@ -1,12 +1,12 @@
 #include "snapshots/SnapshotWizard.h"
 
-#include "app/AppState.h"
-#include "app/ErrorReport.h"
-#include "app/EventLog.h"
-#include "app/PictureTypes.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
-#include "launch/OsHelpers.h"
+#include "base/ErrorReport.h"
+#include "base/EventLog.h"
+#include "base/PictureTypes.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
+#include "platform/OsHelpers.h"
 #include "snapshots/ImageFiles.h"
 
 #include <QDir>

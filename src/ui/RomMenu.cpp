@@ -1,6 +1,6 @@
 #include "ui/RomMenu.h"
 
-#include "app/AppState.h"
+#include "catalogue/AppState.h"
 #include "catalogue/GameCommands.h"
 #include "snapshots/SnapshotCommands.h"
 #include "ui/BusyPointer.h"
@@ -153,7 +153,8 @@ void RomMenu::PrepareSendToGroup() {
 }
 
 void RomMenu::PrepareProfiles() {
-    m_profiles.Build(m_state.Store, m_state.Games.Records[m_gameIndex]);
+    const GameRecord& game = m_state.Games.Records[m_gameIndex];
+    m_profiles.Build(m_state.Store, game.Emulator, game.Profile);
     const QList<ProfileMenuItem>& items = m_profiles.Items();
     while (m_profileItems.size() < items.size()) {
         auto* item = new QAction(m_mnuProfile);

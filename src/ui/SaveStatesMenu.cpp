@@ -1,6 +1,6 @@
 #include "ui/SaveStatesMenu.h"
 
-#include "app/AppState.h"
+#include "catalogue/AppState.h"
 
 #include <QMenu>
 

@@ -1,6 +1,6 @@
 #include "ui/SettingsEmulatorsPage.h"
 
-#include "app/AppState.h"
+#include "catalogue/AppState.h"
 #include "ui/frmProfileEditor.h"
 
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "ui/SettingsGeneralPage.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
+#include "base/EventLog.h"
+#include "catalogue/AppState.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "ui/SettingsPage.h"
 
-#include "app/StringHelpers.h"
-#include "launch/SystemShell.h"
+#include "base/StringHelpers.h"
+#include "platform/SystemShell.h"
 #include "ui/MakeButton.h"
 
 #include <QCheckBox>

@@ -1,10 +1,10 @@
 #include "ui/SettingsRomFoldersPage.h"
 
-#include "app/AppState.h"
-#include "app/ErrorReport.h"
-#include "app/StringHelpers.h"
+#include "base/ErrorReport.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 #include "catalogue/GameFolderCommands.h"
-#include "launch/SystemShell.h"
+#include "platform/SystemShell.h"
 #include "ui/frmLoadGameList.h"
 #include "ui/frmMain.h"
 

@@ -1,7 +1,7 @@
 #include "ui/SettingsSnapshotPage.h"
 
-#include "app/AppState.h"
-#include "app/Prompts.h"
+#include "base/Prompts.h"
+#include "catalogue/AppState.h"
 #include "ui/frmMain.h"
 
 #include <QCheckBox>

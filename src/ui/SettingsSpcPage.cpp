@@ -1,8 +1,8 @@
 #include "ui/SettingsSpcPage.h"
 
-#include "app/AppState.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "catalogue/AppState.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,8 +1,8 @@
 #include "ui/StartLumbra.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
 #include "app/Startup.h"
+#include "base/EventLog.h"
+#include "catalogue/AppState.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmMain.h"
 

@@ -1,9 +1,9 @@
 #include "ui/frmAbout.h"
 
-#include "app/AboutText.h"
-#include "app/AppTitle.h"
-#include "app/EventLog.h"
-#include "launch/SystemInfo.h"
+#include "base/AboutText.h"
+#include "base/AppTitle.h"
+#include "base/EventLog.h"
+#include "platform/SystemInfo.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/EventLog.h"
+#include "base/EventLog.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 #include "ui/frmGroupManager.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "catalogue/AppState.h"
 #include "ui/MakeButton.h"
 
 #include <QHBoxLayout>

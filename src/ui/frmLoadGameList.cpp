@@ -1,6 +1,6 @@
 #include "ui/frmLoadGameList.h"
 
-#include "app/EventLog.h"
+#include "base/EventLog.h"
 
 #include <QCoreApplication>
 #include <QProgressBar>

@@ -1,14 +1,14 @@
 #include "ui/frmMain.h"
 
-#include "app/AppState.h"
-#include "app/AppTitle.h"
-#include "app/EventLog.h"
-#include "app/Prompts.h"
 #include "app/Startup.h"
+#include "base/AppTitle.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "catalogue/AppState.h"
 #include "catalogue/GroupFilter.h"
 #include "catalogue/ScanReport.h"
 #include "launch/Launcher.h"
-#include "launch/OsHelpers.h"
+#include "platform/OsHelpers.h"
 #include "snapshots/Snapshot.h"
 #include "ui/BusyPointer.h"
 #include "ui/FirstRunHint.h"
@@ -152,7 +152,8 @@ void frmMain::CreateMenus() {
             &QAction::triggered, this, [this] { ExportGroupList(m_state, Store, QString()); });
     connect(AddAction(m_mnuDevMenu, QStringLiteral("Save &Rom Folder List"),
                       QStringLiteral("mnuDevMenu_SaveRomFolderList")),
-            &QAction::triggered, this, [this] { ExportGameFolders(m_state, Store, QString()); });
+            &QAction::triggered, this,
+            [this] { ExportGameFolders(m_state.Store, m_state.GameFolders, Store, QString()); });
     m_mnuDevMenu->menuAction()->setVisible(false);
 }
 

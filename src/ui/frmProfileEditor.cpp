@@ -1,6 +1,6 @@
 #include "ui/frmProfileEditor.h"
 
-#include "app/EventLog.h"
+#include "base/EventLog.h"
 #include "config/Profiles.h"
 
 #include <QDialogButtonBox>

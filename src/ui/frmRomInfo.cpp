@@ -1,8 +1,8 @@
 #include "ui/frmRomInfo.h"
 
-#include "app/EventLog.h"
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
 #include "catalogue/GameCommands.h"
 #include "rom/RomInfoText.h"
 

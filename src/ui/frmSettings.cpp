@@ -1,7 +1,7 @@
 #include "ui/frmSettings.h"
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
+#include "base/EventLog.h"
+#include "catalogue/AppState.h"
 #include "ui/SettingsEmulatorsPage.h"
 #include "ui/SettingsGeneralPage.h"
 #include "ui/SettingsRomFoldersPage.h"
@@ -79,14 +79,16 @@ void frmSettings::ShowPage(const QString& name) {
 void frmSettings::cmdClose_Click() {
     {
         const SettingsStore::Batch oneWrite(m_context.State.Store);
-        ExportGameFolders(m_context.State, Store, QString());
-        ExportSettings(m_context.State, Store, QString());
+        ExportGameFolders(m_context.State.Store, m_context.State.GameFolders, Store, QString());
+        ExportSettings(m_context.State.Store, m_context.State.Options, m_context.State.Emulators,
+                       Store, QString());
     }
     accept();
 }
 
 // The window frame and Escape come here: the settings are stored, the folders not.
 void frmSettings::reject() {
-    ExportSettings(m_context.State, Store, QString());
+    ExportSettings(m_context.State.Store, m_context.State.Options, m_context.State.Emulators, Store,
+                   QString());
     QDialog::reject();
 }

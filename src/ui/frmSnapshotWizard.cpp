@@ -1,6 +1,6 @@
 #include "ui/frmSnapshotWizard.h"
 
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 #include "snapshots/SnapshotWizard.h"
 #include "ui/MakeButton.h"
 

@@ -1,6 +1,6 @@
 #include "catalogue/FolderScan.h"
-#include "app/Progress.h"
 #include "app/Startup.h"
+#include "base/Progress.h"
 #include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
 

@@ -1,5 +1,5 @@
 #include "catalogue/GameList.h"
-#include "app/Progress.h"
+#include "base/Progress.h"
 #include "support/TestFixtures.h"
 
 namespace {

@@ -12,7 +12,7 @@ TEST_F(LumbraTest, ProfileMenuListsSortsTicksAndKeepsItems) {
     ProfileMenuModel menu;
     const auto build = [&](const char* emulator, const char* profile) {
         // A game record whose last two fields, emulator and profile, are set.
-        menu.Build(m_state.Store, GameRecord{{}, {}, {}, {}, {}, {}, {}, emulator, profile});
+        menu.Build(m_state.Store, emulator, profile);
         QStringList captions;
         for (const ProfileMenuItem& item : menu.Items())
             captions << item.Caption + (item.Checked ? "*" : "") + (item.Enabled ? "" : "-");

@@ -1,5 +1,5 @@
 #include "config/Settings.h"
-#include "launch/OsHelpers.h"
+#include "platform/OsHelpers.h"
 #include "support/TestFixtures.h"
 
 #include <QDir>
@@ -8,7 +8,7 @@
 
 TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     m_state.Options.SPC_ShowMenu = 0;
-    ImportSettings(m_state, "reg", QString());
+    ImportSettings(m_state.Store, m_state.Options, m_state.Emulators, "reg", QString());
     Settings expected = DefaultSettings();
     EXPECT_TRUE(m_state.Options == expected);
     // A first run names no folder that does not exist here, nor a relative "c:\".
@@ -23,17 +23,17 @@ TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     m_state.Store.Write("Settings", "Snapshots_Show", "");
     m_state.Store.Write("Settings", "MainForm", "left;20;30;40");
     m_state.Options.SPC_ShowMenu = 0;
-    ImportSettings(m_state, "reg", QString());
+    ImportSettings(m_state.Store, m_state.Options, m_state.Emulators, "reg", QString());
     expected.MainForm = {1860, 20, 30, 40, 0};
     EXPECT_TRUE(m_state.Options == expected);
 }
 
 TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
     AppState restored;
-    DefineEmulators(restored);
+    DefineEmulators(restored.Emulators, restored.Store);
     m_state.Store.Write("Emulators", "ZSnes", "/emu/zsnes/;/emu/saves/");
     EXPECT_EQ(m_state.Emulators.FindEmulatorIndex(""), -1); // even before the names are set
-    DefineEmulators(m_state);
+    DefineEmulators(m_state.Emulators, m_state.Store);
     const EmulatorRecord& zsnes = m_state.Emulators.Records[2];
     EXPECT_EQ(m_state.Emulators.FindEmulatorIndex("zsnes"), 2);
     EXPECT_EQ(zsnes.Folder + zsnes.SaveFolder, "/emu/zsnes//emu/saves/");
@@ -53,17 +53,17 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
     // The file target only logs; an unknown target does nothing.
     EnableLog();
     const QString file = TempPath("settings.ini");
-    ExportSettings(m_state, "file", file);
-    ImportSettings(m_state, "Ini", file);
-    ExportSettings(m_state, "xml", file);
+    ExportSettings(m_state.Store, m_state.Options, m_state.Emulators, "file", file);
+    ImportSettings(m_state.Store, m_state.Options, m_state.Emulators, "Ini", file);
+    ExportSettings(m_state.Store, m_state.Options, m_state.Emulators, "xml", file);
     EXPECT_FALSE(QFileInfo::exists(file));
     EXPECT_EQ(m_state.Store.Sections(), QStringList{"Emulators"});
     EXPECT_EQ(LogText(), "\r\nExporting Settings to file: " + file +
                              "\r\nImporting Settings from file: " + file);
 
-    ExportSettings(m_state, "REG", QString());
+    ExportSettings(m_state.Store, m_state.Options, m_state.Emulators, "REG", QString());
     EXPECT_EQ(m_state.Store.Read("Folders", "Snes9X"), "/emu/Snes9X/;/saves/Snes9X/;Fast Snes9X");
-    ImportSettings(restored, "Registry", QString());
+    ImportSettings(restored.Store, restored.Options, restored.Emulators, "Registry", QString());
     EXPECT_TRUE(restored.Options == m_state.Options);
     EXPECT_TRUE(restored.Emulators.Records == m_state.Emulators.Records);
 }

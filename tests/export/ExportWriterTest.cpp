@@ -1,6 +1,6 @@
 #include "support/TestFixtures.h"
 
-#include "app/Progress.h"
+#include "base/Progress.h"
 #include "export/ExportWriter.h"
 
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "launch/LaunchEmu.h"
 #include "catalogue/FolderScan.h"
 #include "config/Profiles.h"
-#include "launch/OsHelpers.h"
-#include "launch/RealShell.h"
+#include "platform/OsHelpers.h"
+#include "platform/RealShell.h"
 #include "snapshots/SnapshotWizard.h"
 #include "support/ScriptedPrompts.h"
 #include "support/SnesImageBuilder.h"
@@ -28,7 +28,7 @@ public:
 class LaunchEmuTest : public LumbraTest {
 protected:
     LaunchEmuTest() {
-        DefineEmulators(m_state);
+        DefineEmulators(m_state.Emulators, m_state.Store);
         m_state.Options = DefaultSettings();
         m_state.Options.SnapshotFolder = TempPath("Snaps") + '/';
         m_state.Options.UnzipFolder = MakeFolder("Unzip") + '/';

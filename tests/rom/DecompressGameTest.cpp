@@ -9,7 +9,7 @@ namespace {
 class DecompressGameTest : public ZipFixture {
 protected:
     QString Decompress(const QString& argument) {
-        return DecompressGame(m_state, m_prompts, argument);
+        return DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, argument);
     }
 
     const QByteArray m_game = SnesImageBuilder::HeaderlessLoRom();

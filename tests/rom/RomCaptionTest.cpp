@@ -1,5 +1,5 @@
 #include "rom/RomCaption.h"
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 #include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
 

@@ -8,7 +8,7 @@ namespace {
 class SaveStateMenuTest : public LumbraTest {
 protected:
     SaveStateMenuTest() {
-        DefineEmulators(m_state);
+        DefineEmulators(m_state.Emulators, m_state.Store);
         WriteFile("Games/Mario.smc");
         GameRecord& game = m_state.Games.Records[0];
         game.Filename = "mario.smc";

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "launch/SystemShell.h"
+#include "platform/SystemShell.h"
 
 #include <QList>
 #include <QQueue>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/AppState.h"
-#include "app/EventLog.h"
+#include "base/EventLog.h"
+#include "catalogue/AppState.h"
 
 #include <QList>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
 #include "support/WidgetSteps.h"

@@ -29,7 +29,7 @@ protected:
     // A store as a player who has set everything up leaves it.
     void SeedStore() {
         AppState seed;
-        DefineEmulators(seed);
+        DefineEmulators(seed.Emulators, seed.Store);
         seed.Emulators.Records[1] = {"Snes9X", "/emus/snes9x/", "/emus/saves/", "", "fast", ""};
         seed.Groups.AddGroup("RPG");
         seed.GameFolders.AddGameFolder(MakeFolder("Games") + '/');

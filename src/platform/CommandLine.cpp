@@ -1,6 +1,6 @@
-#include "launch/CommandLine.h"
+#include "platform/CommandLine.h"
 
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 
 #include <QFileInfo>
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "app/StringHelpers.h"
+#include "base/StringHelpers.h"
 
 #include <QDir>
 

@@ -1,4 +1,4 @@
-#include "launch/PathResolver.h"
+#include "platform/PathResolver.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,4 +1,4 @@
-#include "launch/CommandLine.h"
+#include "platform/CommandLine.h"
 #include "support/TestFixtures.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
-#include "launch/SystemInfo.h"
+#include "platform/SystemInfo.h"
 
-#include "app/Prompts.h"
-#include "launch/SystemShell.h"
+#include "base/Prompts.h"
+#include "platform/SystemShell.h"
 
 #include <QStandardPaths>
 #include <QSysInfo>

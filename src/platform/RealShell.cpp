@@ -1,9 +1,9 @@
-#include "launch/RealShell.h"
+#include "platform/RealShell.h"
 
-#include "app/Prompts.h"
-#include "app/StringHelpers.h"
-#include "launch/CommandLine.h"
-#include "launch/PathResolver.h"
+#include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "platform/CommandLine.h"
+#include "platform/PathResolver.h"
 
 #include <QDir>
 #include <QEventLoop>

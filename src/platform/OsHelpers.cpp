@@ -1,7 +1,7 @@
-#include "launch/OsHelpers.h"
+#include "platform/OsHelpers.h"
 
-#include "app/StringHelpers.h"
-#include "launch/PathResolver.h"
+#include "base/StringHelpers.h"
+#include "platform/PathResolver.h"
 
 #include <QCryptographicHash>
 #include <QDir>

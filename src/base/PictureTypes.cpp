@@ -1,4 +1,4 @@
-#include "app/PictureTypes.h"
+#include "base/PictureTypes.h"
 
 PictureTypeTable FillPictureTypes() {
     return {{{QStringLiteral("Bitmap Image (*.bmp)"), QStringLiteral("bmp")},

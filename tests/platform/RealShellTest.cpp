@@ -1,5 +1,5 @@
-#include "launch/RealShell.h"
-#include "launch/CommandLine.h"
+#include "platform/RealShell.h"
+#include "platform/CommandLine.h"
 #include "support/ScriptedPrompts.h"
 #include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"

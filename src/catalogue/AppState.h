@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PictureTypes.h"
+#include "base/PictureTypes.h"
 #include "catalogue/GameList.h"
 #include "catalogue/GroupList.h"
 #include "config/Emulators.h"

@@ -1,4 +1,4 @@
-#include "launch/TerminationRequests.h"
+#include "platform/TerminationRequests.h"
 
 #include <QTest>
 #include <csignal>

@@ -1,7 +1,7 @@
-#include "app/ErrorReport.h"
+#include "base/ErrorReport.h"
 
-#include "app/EventLog.h"
-#include "app/Prompts.h"
+#include "base/EventLog.h"
+#include "base/Prompts.h"
 
 void ShowErrorReport(Prompts& prompts, int errorNumber, const QString& description,
                      const QString& procedureName) {

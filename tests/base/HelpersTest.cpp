@@ -1,6 +1,6 @@
-#include "app/ErrorReport.h"
 #include "app/Startup.h"
-#include "app/StringHelpers.h"
+#include "base/ErrorReport.h"
+#include "base/StringHelpers.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
 

@@ -1,6 +1,6 @@
 #include "config/SettingsStore.h"
-#include "launch/OsHelpers.h"
-#include "launch/PathResolver.h"
+#include "platform/OsHelpers.h"
+#include "platform/PathResolver.h"
 #include "support/TestFixtures.h"
 
 #include <QFileInfo>
