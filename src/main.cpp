@@ -42,6 +42,7 @@ int main(int argc, char** argv) {
     StoreWriterLock storeWriter(state.Store, StoreWriterLock::Holder::Window);
     if (!ClaimStoreForWindow(storeWriter, prompts))
         return 1;
+    state.Store.Reload(); // what a command wrote before the claim
     RealShell shell(prompts, [](const QString& document) {
         return QDesktopServices::openUrl(QUrl::fromLocalFile(document));
     });
@@ -59,5 +60,7 @@ int main(int argc, char** argv) {
         QMetaObject::invokeMethod(
             window.get(), [&window] { window->CloseFor(frmMain::FormTaskManager); },
             Qt::QueuedConnection);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    launcher.ReleaseDetachedPlay();
+    return status;
 }

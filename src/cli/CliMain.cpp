@@ -1,6 +1,7 @@
 #include "catalogue/AppState.h"
 #include "cli/CliCommands.h"
 #include "cli/CliLog.h"
+#include "platform/OsHelpers.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -84,5 +85,14 @@ int main(int argc, char** argv) {
     AppState state;
     CliLog log(debug);
     CliContext context{state, log, out, err};
-    return command->second(context, arguments);
+    const int status = command->second(context, arguments);
+    // A game started without waiting may still need its short-path links.
+    if (name != QLatin1String("launch"))
+        RemoveShortPathLinks();
+    // A command that reports success must have stored what it changed.
+    if (const QString failure = state.Store.WriteError(); !failure.isEmpty()) {
+        err << "lumbra-cli: " << failure << '\n';
+        return ExitFailed;
+    }
+    return status;
 }

@@ -32,8 +32,14 @@ bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
 }
 
 bool ClaimStore(CliContext& context, StoreWriterLock& lock) {
-    if (lock.TryAcquire())
+    if (lock.TryAcquire()) {
+        context.State.Store.Reload();
         return true;
+    }
+    if (!lock.Failure().isEmpty()) {
+        context.Err << "lumbra-cli: " << lock.Failure() << '\n';
+        return false;
+    }
     const QString process = lock.HolderProcessText();
     if (lock.HeldBy() == StoreWriterLock::Holder::Window)
         context.Err << "lumbra-cli: Lumbra is running" << process

@@ -5,7 +5,6 @@
 #include "config/Emulators.h"
 #include "config/SettingsStore.h"
 #include "config/StorageTarget.h"
-#include "platform/OsHelpers.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -200,7 +199,11 @@ Settings DefaultSettings() {
         AddBackslash(QDir::toNativeSeparators(data + QStringLiteral("/Lumbra/snapshots")));
     defaults.SPCFolder = AddBackslash(QDir::toNativeSeparators(QDir::homePath()));
     defaults.ExportFolder = defaults.SPCFolder;
-    defaults.UnzipFolder = GetTempFolder().toLower();
+    // A private folder: in the shared temporary folder an archive's "readme.txt"
+    // would replace another program's file, and the flush would then delete it.
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    defaults.UnzipFolder =
+        AddBackslash(QDir::toNativeSeparators(cache + QStringLiteral("/Lumbra/unzip")));
     return defaults;
 }
 

@@ -2,7 +2,12 @@
 
 #include "config/AbandonedLock.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSettings>
+#include <QTemporaryFile>
+
+#include <algorithm>
 
 namespace {
 
@@ -26,11 +31,33 @@ QString FullKey(const QString& section, const QString& key) {
     return Encode(section) + QLatin1Char('/') + Encode(key);
 }
 
+// QSettings reports only that a write failed. Writing a file of the store's size
+// beside it, as QSettings does, fails the same way and gives the system's reason.
+QString WhyNotWritable(const QString& storeFile) {
+    const QFileInfo info(storeFile);
+    if (!QDir().mkpath(info.absolutePath()))
+        return QStringLiteral("its folder cannot be made");
+    QTemporaryFile probe(info.absolutePath() + QStringLiteral("/.") + info.fileName() +
+                         QStringLiteral(".probe-XXXXXX"));
+    if (!probe.open())
+        return probe.errorString();
+    const QByteArray bytes(std::max<qint64>(info.size(), 4096), '\n');
+    if (probe.write(bytes) != bytes.size() || !probe.flush())
+        return probe.errorString();
+    return QStringLiteral("the file could not be written");
+}
+
 } // namespace
 
 SettingsStore::SettingsStore(const QString& application)
-    : m_settings(std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
+    : m_application(application),
+      m_settings(std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
                                              application, application)) {}
+
+void SettingsStore::Reload() {
+    m_settings = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
+                                             m_application, m_application);
+}
 
 SettingsStore::~SettingsStore() = default;
 
@@ -82,6 +109,10 @@ void SettingsStore::WriteFile() {
     // process left behind until it has aged, about half a minute.
     RemoveAbandonedLock(m_settings->fileName() + QStringLiteral(".lock"));
     m_settings->sync();
+    m_writeError.clear();
+    if (m_settings->status() != QSettings::NoError)
+        m_writeError = QStringLiteral("Could not save the settings to ") + FilePath() +
+                       QStringLiteral(": ") + WhyNotWritable(FilePath());
 }
 
 SettingsStore::Batch::Batch(SettingsStore& store) : m_store(store) {

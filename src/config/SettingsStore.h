@@ -49,6 +49,14 @@ public:
         SettingsStore& m_store;
     };
 
+    // Reads the file again, dropping what this process has not written: a writer
+    // calls it once it holds the writer lock, so that it changes the latest store.
+    void Reload();
+
+    // Why the last write of the file failed ("Could not save the settings to
+    // <file>: <the system's reason>"), or an empty text when it succeeded.
+    QString WriteError() const { return m_writeError; }
+
     // Removes every section (tests and a reset).
     void Clear();
     QString FilePath() const;
@@ -56,7 +64,9 @@ public:
 private:
     void WriteFile();
 
+    QString m_application;
     std::unique_ptr<QSettings> m_settings;
+    QString m_writeError;
     int m_batchDepth = 0;
     bool m_syncDue = false;
 };

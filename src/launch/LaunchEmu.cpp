@@ -54,8 +54,14 @@ EmulatorLauncher::EmulatorLauncher(AppState& state, Prompts& prompts, SystemShel
                                    SnapshotWizardView& wizardView)
     : m_state(state), m_prompts(prompts), m_shell(shell), m_wizardView(wizardView) {}
 
+void EmulatorLauncher::ReleaseDetachedPlay() {
+    FlushKeptFiles(m_state.Unzip, m_state.Options.UnzipFolder);
+    RemoveShortPathLinks();
+}
+
 LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
     const QString savedFolder = QDir::currentPath();
+    ReleaseDetachedPlay();
     Log(QStringLiteral("\r\n{ BEGIN LaunchEmu"));
     try {
         if (gameIndex < 0 || gameIndex >= GameList::Capacity)
@@ -84,10 +90,11 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             game.ExtractedShortName = GetFileName(GetShortPath(launchFolder + launchFileName));
         }
 
-        // The game's own launch file, beside it: .pif, then .bat, then .sh.
+        // The game's own launch file, beside it: .pif, then .bat, then .sh. Files that
+        // came out of an archive are data, never programs: a zipped game has none.
         QString launchFile;
         bool gameLaunchFile = false;
-        if (options.RomBatchFileSupport == 1) {
+        if (options.RomBatchFileSupport == 1 && !zipped) {
             const int dot = InStrLast(launchFileName, QStringLiteral("."));
             if (dot == 0)
                 throw RunTimeError{InvalidArgument,
@@ -177,9 +184,17 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
         } else {
             const EmulatorRecord& emulator = m_state.Emulators.Records[emulatorIndex];
             const QString emulatorFolder = AddBackslash(emulator.Folder);
+            const QString shortGamePath = GetShortPath(launchFolder + launchFileName);
+            if (shortGamePath.isEmpty() && !ShortPathFailure().isEmpty()) {
+                // The private folder for short paths is not safe to use.
+                m_prompts.Message(ShortPathFailure(), PromptButtons::Ok, PromptIcon::Exclamation);
+                if (zipped)
+                    DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
+                Log(QStringLiteral("} EXIT LaunchEmu (No Short Path)"));
+                return LaunchEnd::Failed;
+            }
             QDir::setCurrent(PathResolver().ResolveOrKeep(emulatorFolder));
-            QString arguments =
-                (QStringLiteral(" ") + GetShortPath(launchFolder + launchFileName)).toLower();
+            QString arguments = (QStringLiteral(" ") + shortGamePath).toLower();
             Log(QStringLiteral("    Command Line Defined"));
             const QString program = PathResolver().ResolveOrKeep(emulatorFolder + launchFile);
             if (options.Snapshots_UseWizard != 1) {
@@ -222,8 +237,17 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             }
         }
 
-        if (zipped)
+        const bool detached = gameLaunchFile || options.Snapshots_UseWizard != 1;
+        if (zipped && detached) {
+            for (const QString& name : m_state.Unzip.UnzippedFiles) {
+                if (!name.isEmpty())
+                    m_state.Unzip.KeptForPlay.append(name);
+            }
+        } else if (zipped) {
             DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
+        }
+        if (!detached)
+            RemoveShortPathLinks();
         QDir::setCurrent(savedFolder);
         Log(QStringLiteral("} END LaunchEmu"));
         return LaunchEnd::Ended;

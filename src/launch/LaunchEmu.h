@@ -23,6 +23,10 @@ public:
     void LaunchEmu(int gameIndex) override { Launch(gameIndex); }
     LaunchEnd Launch(int gameIndex);
 
+    // Removes what a game started without waiting still needed: its extracted files
+    // and short-path links. The next launch calls it, and the program's end.
+    void ReleaseDetachedPlay();
+
 private:
     AppState& m_state;
     Prompts& m_prompts;

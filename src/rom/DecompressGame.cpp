@@ -35,6 +35,13 @@ void Flush(const UnzipState& unzipState, const QString& unzipFolder) {
 
 } // namespace
 
+void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder) {
+    const QString folder = AddBackslash(unzipFolder);
+    for (const QString& name : std::as_const(unzipState.KeptForPlay))
+        QFile::remove(folder + name);
+    unzipState.KeptForPlay.clear();
+}
+
 QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Prompts& prompts,
                        const QString& argument) {
     if (argument.toLower() == QLatin1String("flush")) {

@@ -10,5 +10,8 @@ struct UnzipState;
 // there is none (then nothing of the archive is left behind). With the word
 // "flush" (any letter case): deletes from the unzip folder every file that the last
 // extraction made, and returns an empty text.
+// Deletes the files kept for a game started without waiting (UnzipState::KeptForPlay).
+void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder);
+
 QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Prompts& prompts,
                        const QString& argument);

@@ -504,6 +504,22 @@ void frmMain::SaveEverythingBusy() {
     SaveEverything(m_state);
 }
 
+bool frmMain::SaveForClose() {
+    for (;;) {
+        SaveEverythingBusy();
+        const QString failure = m_state.Store.WriteError();
+        if (failure.isEmpty())
+            return true;
+        LogEvent(failure);
+        const PromptAnswer answer = m_prompts.Message(
+            failure + QStringLiteral("\r\n\r\nTry again? No quits without saving; Cancel keeps ") +
+                AppTitle + QStringLiteral(" open."),
+            PromptButtons::YesNoCancel, PromptIcon::Critical);
+        if (answer != PromptAnswer::Yes)
+            return answer == PromptAnswer::No;
+    }
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
     if (m_closed) {
         event->accept();
@@ -528,15 +544,20 @@ void frmMain::closeEvent(QCloseEvent* event) {
             show();
             return;
         }
-        SaveEverythingBusy();
+        if (!SaveForClose()) {
+            event->ignore();
+            show();
+            return;
+        }
         if (answer == PromptAnswer::Yes) {
             LogEvent(QStringLiteral("\r\nWaiting to End ") + AppTitle +
                      QStringLiteral(" (Unload Mode ") + QString::number(m_closeReason) +
                      QLatin1Char(')'));
             frmEventLog::ShowModal();
         }
-    } else {
-        SaveEverythingBusy();
+    } else if (!SaveForClose()) {
+        event->ignore();
+        return;
     }
     m_closed = true;
     event->accept();

@@ -83,6 +83,9 @@ private:
     void UpdateStatusBar();
     void mnuOptions_GroupManager_Click();
     void SaveEverythingBusy();
+    // Saves for the close; when the store cannot be written, asks whether to try
+    // again, to quit without saving (true) or to keep the window open (false).
+    bool SaveForClose();
     void ApplyPlacement();
     void StorePlacement();
     int TwipsToPixels(int twips) const;

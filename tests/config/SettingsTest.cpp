@@ -15,7 +15,8 @@ TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     EXPECT_EQ(expected.SnapshotFolder,
               qEnvironmentVariable("XDG_DATA_HOME") + "/Lumbra/snapshots/");
     EXPECT_EQ(expected.ExportFolder, QDir::homePath() + '/');
-    EXPECT_EQ(expected.UnzipFolder, GetTempFolder().toLower());
+    // A private folder, its letter case kept: lower-cased it would name a twin.
+    EXPECT_EQ(expected.UnzipFolder, qEnvironmentVariable("XDG_CACHE_HOME") + "/Lumbra/unzip/");
     for (const EmulatorRecord& e : m_state.Emulators.Records)
         EXPECT_EQ(e.Folder + "|" + e.SaveFolder + "|" + e.DefaultProfile, "||"); // not set up
 

@@ -2,7 +2,11 @@
 #include "ZipFixture.h"
 #include "support/SnesImageBuilder.h"
 
+#include "config/Settings.h"
+
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -103,4 +107,15 @@ TEST_F(DecompressGameTest, EncryptedGamesAskForThePassword) {
     EXPECT_EQ(m_prompts.Asked()[4].text, "readme.txt: Passphrase required for this entry\r\n"
                                          "game.smc: Passphrase required for this entry");
     EXPECT_EQ(UnzipFolderNames(), QStringList());
+}
+
+TEST_F(DecompressGameTest, TheDefaultUnzipFolderIsPrivateAndMadeOnFirstUse) {
+    const QString folder = DefaultSettings().UnzipFolder;
+    QDir(folder).removeRecursively();
+    m_state.Options.UnzipFolder = folder;
+    EXPECT_EQ(Decompress(MakeZip("Game.zip", {{"Game.smc", m_game}})), "Game.smc");
+    EXPECT_TRUE(QFile::exists(folder + "Game.smc")); // the name as given: no lower-cased twin
+    EXPECT_EQ(QFileInfo(folder).permissions() & QFile::Permissions(0x7077),
+              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    Decompress("flush");
 }

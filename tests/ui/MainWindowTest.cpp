@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 #include "config/Profiles.h"
+#include "support/FileSizeLimit.h"
 #include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 
@@ -108,6 +109,32 @@ TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheClos
     EXPECT_EQ(m_prompts.AskedTexts(), QStringList(2, "View the Event Log before Ending?"));
     EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNoCancel);
     // Without debug mode, Options > Exit asks nothing and saves: the smoke test ends so.
+}
+
+TEST_F(MainWindowTest, ACloseThatCannotSaveOffersToTryAgainOrToQuitWithoutSaving) {
+    SeedStore();
+    StartWindow();
+    QSignalSpy closed(m_window.get(), &frmMain::Closed);
+    const QByteArray stored = ReadFile(m_state.Store.FilePath());
+    {
+        const FileSizeLimit fullDisk(0);
+        m_prompts.AnswerMessage(PromptAnswer::Yes);    // try again
+        m_prompts.AnswerMessage(PromptAnswer::Cancel); // keep Lumbra open
+        m_window->close();
+        EXPECT_TRUE(m_window->isVisible());
+        EXPECT_EQ(closed.count(), 0);
+        const QString failure =
+            "Could not save the settings to " + m_state.Store.FilePath() + ": File too large";
+        EXPECT_EQ(m_prompts.AskedTexts(),
+                  QStringList(2, failure + "\r\n\r\nTry again? No quits without saving; "
+                                           "Cancel keeps Lumbra open."));
+        EXPECT_EQ(m_prompts.Asked().first().icon, PromptIcon::Critical);
+
+        m_prompts.AnswerMessage(PromptAnswer::No);
+        m_window->close();
+        EXPECT_EQ(closed.count(), 1);
+    }
+    EXPECT_EQ(ReadFile(m_state.Store.FilePath()), stored);
 }
 
 TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
