@@ -43,9 +43,9 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
 
     // Every field differs from its default; flags keep any integer as read.
     const WindowPlacement placement{-100, 200, 9000, 7000, 2};
-    m_state.Options = {"/snap;x/", "/spc/",  "/export/",   "/unzip/", "app", 2,        "open", 3,
-                       4,          "Snes9X", "RPG;x",      5,         6,     7,        8,      9,
-                       10,         11,       "nosnap.png", 12,        13,    placement};
+    m_state.Options = {"/snap;x/", "/spc/",  "/export/",   "/unzip/", "app", 2,  "open",   3,
+                       4,          "Snes9X", "RPG;x",      5,         6,     7,  8,        9,
+                       10,         11,       "nosnap.png", 12,        13,    14, placement};
     for (EmulatorRecord& e : m_state.Emulators.Records)
         std::tie(e.Folder, e.SaveFolder, e.DefaultProfile) =
             std::tuple("/emu/" + e.Name + "/", "/saves/" + e.Name + "/", "Fast " + e.Name);
