@@ -41,31 +41,15 @@ const QString RomFoldersPage = QStringLiteral("ROM Folders");
 constexpr int SnapshotWidth = 256; // one SNES screen
 constexpr int SnapshotHeight = 224;
 // Longer captions (a hand-edited store can hold any length) are cut for display;
-// the whole caption stays with the entry and maps it back to its game.
+// the line's whole caption stays in the shown lines.
 constexpr int ShownCaptionLength = 256;
-constexpr int CaptionRole = Qt::UserRole;
-// Each line knows its game's record: the list is sorted, the catalogue is not.
-constexpr int GameIndexRole = Qt::UserRole + 1;
 // The rows of the layout: the group selector, the filter, the game list.
 constexpr int FilterTop = 33;
 constexpr int ListTop = 61;
 
-QListWidgetItem* GameItem(const GameLine& line) {
-    const QString& caption = line.Caption;
-    auto* item = new QListWidgetItem(caption.size() > ShownCaptionLength
-                                         ? caption.left(ShownCaptionLength) + QChar(0x2026)
-                                         : caption);
-    item->setData(CaptionRole, caption);
-    item->setData(GameIndexRole, line.Index);
-    return item;
-}
-
-QString CaptionOf(const QListWidgetItem* item) {
-    return item->data(CaptionRole).toString();
-}
-
-int GameIndexOf(const QListWidgetItem* item) {
-    return item->data(GameIndexRole).toInt();
+QString ShownCaption(const QString& caption) {
+    return caption.size() > ShownCaptionLength ? caption.left(ShownCaptionLength) + QChar(0x2026)
+                                               : caption;
 }
 
 QAction* AddAction(QMenu* menu, const QString& caption, const QString& name) {
@@ -220,9 +204,9 @@ int frmMain::cboGroupList_IndexOrUngrouped(const QString& group) const {
 }
 
 int frmMain::lstGameList_SearchIndex(const QString& caption) const {
-    for (int i = 0; i < m_lstGameList->count(); ++i) {
-        if (CaptionOf(m_lstGameList->item(i)).compare(caption, Qt::CaseInsensitive) == 0)
-            return i;
+    for (qsizetype row = 0; row < m_shownLines.size(); ++row) {
+        if (m_shownLines.at(row).Caption.compare(caption, Qt::CaseInsensitive) == 0)
+            return static_cast<int>(row);
     }
     return -1;
 }
@@ -234,10 +218,16 @@ void frmMain::lstGameList_AddGameList(const QString& group) {
     LogEvent(QStringLiteral("Done."), true);
 }
 
+// The list holds the shown captions only, added at once: a keystroke in the filter
+// may list a thousand lines again.
 void frmMain::ShowListing() {
+    m_shownLines = m_listing.Lines(GameFilter(m_txtFilter->text()));
+    QStringList captions;
+    captions.reserve(m_shownLines.size());
+    for (const GameLine& line : m_shownLines)
+        captions.append(ShownCaption(line.Caption));
     m_lstGameList->clear();
-    for (const GameLine& line : m_listing.Lines(GameFilter(m_txtFilter->text())))
-        m_lstGameList->addItem(GameItem(line));
+    m_lstGameList->addItems(captions);
 }
 
 void frmMain::txtFilter_Change() {
@@ -275,10 +265,10 @@ void frmMain::cboGroupList_Click() {
 }
 
 void frmMain::lstGameList_Click() {
-    QListWidgetItem* item = m_lstGameList->currentItem();
-    if (!item)
+    const int row = m_lstGameList->currentRow();
+    if (row < 0)
         return;
-    m_selectedGame = GameIndexOf(item);
+    m_selectedGame = m_shownLines.at(row).Index;
     if (m_selectedGame >= 0 && m_state.Options.Snapshots_Show == 1)
         ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename,
                      m_state.Options.SnapshotFolder);
@@ -322,9 +312,9 @@ void frmMain::SelectGameLine(int row) {
 }
 
 int frmMain::GameRow(int gameIndex) const {
-    for (int row = 0; row < m_lstGameList->count(); ++row) {
-        if (GameIndexOf(m_lstGameList->item(row)) == gameIndex)
-            return row;
+    for (qsizetype row = 0; row < m_shownLines.size(); ++row) {
+        if (m_shownLines.at(row).Index == gameIndex)
+            return static_cast<int>(row);
     }
     return -1;
 }

@@ -106,6 +106,8 @@ private:
     QString m_currentGroup;
     // The current group's games, sorted, with the texts that the filter searches.
     GameListing m_listing;
+    // The game behind each line of the list, row by row.
+    QList<GameLine> m_shownLines;
     int m_selectedGame = -1;
     CloseReason m_closeReason = FormControlMenu;
     bool m_loaded = false;
