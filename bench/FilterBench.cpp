@@ -12,8 +12,8 @@
 #include "catalogue/FoldedText.h"
 #include "catalogue/GameFilter.h"
 #include "catalogue/GameList.h"
-#include "catalogue/GroupList.h"
 #include "catalogue/GameListing.h"
+#include "catalogue/GroupList.h"
 #include "catalogue/GroupViews.h"
 
 #include <QCoreApplication>

@@ -63,6 +63,7 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
 
     ExportSettings(m_state, "REG", QString());
     EXPECT_EQ(m_state.Store.Read("Folders", "Snes9X"), "/emu/Snes9X/;/saves/Snes9X/;Fast Snes9X");
+    EXPECT_EQ(m_state.Store.Read("Settings", "ShowCommandLine"), "14");
     ImportSettings(restored, "Registry", QString());
     EXPECT_TRUE(restored.Options == m_state.Options);
     EXPECT_TRUE(restored.Emulators.Records == m_state.Emulators.Records);

@@ -164,6 +164,8 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
     PickFromList(Reveal<QComboBox>("cboDefaultEmulator"), "ZSnes");
     PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "RPG");
     EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesRPG");
+    PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "All Games"); // Lumbra may start on it
+    EXPECT_EQ(m_state.Options.DefaultGroup, "All Games");
 
     Press("optAssociated");
     EXPECT_EQ(m_state.Options.SPC_OpenWith, "%WIN");
