@@ -5,8 +5,10 @@
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
 #include "catalogue/GameFolderCommands.h"
-#include "catalogue/GroupFilter.h"
+#include "catalogue/GameListing.h"
+#include "catalogue/GroupViews.h"
 #include "cli/CliLog.h"
+#include "cli/CliPrompts.h"
 #include "cli/CliSupport.h"
 #include "cli/JsonLine.h"
 #include "config/StoreWriterLock.h"
@@ -146,15 +148,20 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
 int RunList(CliContext& context, const QStringList& arguments) {
     QStringList rest = arguments;
     const bool json = TakeFlag(rest, QStringLiteral("--json"));
+    const bool chosen =
+        rest.contains(QStringLiteral("--group")) || rest.contains(QStringLiteral("--filter"));
     QString group;
     if (!TakeOption(rest, QStringLiteral("--group"), group))
         return UsageError(context, QStringLiteral("--group needs a NAME"));
+    QString typed;
+    if (!TakeOption(rest, QStringLiteral("--filter"), typed))
+        return UsageError(context, QStringLiteral("--filter needs WORDS"));
     if (!rest.isEmpty())
         return UsageError(context, QStringLiteral("unexpected argument: ") + rest.first());
 
     AppState& state = context.State;
     LoadCatalogue(context);
-    if (json) {
+    if (json && !chosen) {
         for (const GameRecord& record : state.Games.Records) {
             if (record.Filename.isEmpty())
                 break;
@@ -164,14 +171,18 @@ int RunList(CliContext& context, const QStringList& arguments) {
     }
     if (group.isEmpty()) {
         group = state.Options.DefaultGroup;
-        if (!GroupExists(state.Groups, group))
+        if (!ViewExists(state.Groups, group))
             group = FixedGroup;
-    } else if (!GroupExists(state.Groups, group)) {
+    } else if (!ViewExists(state.Groups, group)) {
         context.Err << "lumbra-cli: there is no group named " << group << '\n';
         return ExitFailed;
     }
-    for (const QString& caption : GroupCaptions(state.Games, group))
-        context.Out << caption << '\n';
+    for (const GameLine& line : ListGames(state.Games, group, typed)) {
+        if (json)
+            context.Out << JsonLine(RecordFields(state.Games.Records[line.Index])) << '\n';
+        else
+            context.Out << line.Caption << '\n';
+    }
     return ExitOk;
 }
 
@@ -247,6 +258,11 @@ int RunGroups(CliContext& context, const QStringList& arguments) {
     if (!ClaimStore(context, lock))
         return ExitFailed;
     ImportGroupList(state, Store, QString());
+    if (action == QLatin1String("add") && IsAllGamesView(arguments.at(1))) {
+        CliPrompts prompts(context.Err); // the refusal is told as the window tells it
+        AddPlayerGroup(state.Groups, prompts, arguments.at(1));
+        return ExitFailed;
+    }
     const bool changed = action == QLatin1String("add") ? state.Groups.AddGroup(arguments.at(1))
                                                         : state.Groups.RemoveGroup(arguments.at(1));
     if (!changed)

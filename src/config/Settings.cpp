@@ -56,6 +56,7 @@ const SettingKey OptionKeys[] = {
     {QLatin1String("Snapshots_NoSnapPic"), &Settings::Snapshots_NoSnapPic},
     {QLatin1String("Snapshots_Show"), &Settings::Snapshots_Show},
     {QLatin1String("Snapshots_UseWizard"), &Settings::Snapshots_UseWizard},
+    {QLatin1String("ShowCommandLine"), &Settings::ShowCommandLine},
 };
 
 // A whole number of the type written as decimal text, or nothing.

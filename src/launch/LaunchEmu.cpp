@@ -218,7 +218,8 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
                 }
                 Log(QStringLiteral(
                     "    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"));
-                m_prompts.Message(launchFile + arguments);
+                if (options.ShowCommandLine != 0)
+                    m_prompts.Message(launchFile + arguments);
                 m_shell.ShellAndWait(emulatorFolder + launchFile + arguments,
                                      QStringLiteral("ShellAndWait"));
                 wizard.SortForNewImages();

@@ -5,12 +5,14 @@
 #include "base/EventLog.h"
 #include "base/Prompts.h"
 #include "catalogue/AppState.h"
-#include "catalogue/GroupFilter.h"
+#include "catalogue/GameFilter.h"
+#include "catalogue/GroupViews.h"
 #include "catalogue/ScanReport.h"
 #include "launch/Launcher.h"
 #include "platform/OsHelpers.h"
 #include "snapshots/Snapshot.h"
 #include "ui/BusyPointer.h"
+#include "ui/FindGameField.h"
 #include "ui/FirstRunHint.h"
 #include "ui/RomMenu.h"
 #include "ui/frmAbout.h"
@@ -39,20 +41,15 @@ const QString RomFoldersPage = QStringLiteral("ROM Folders");
 constexpr int SnapshotWidth = 256; // one SNES screen
 constexpr int SnapshotHeight = 224;
 // Longer captions (a hand-edited store can hold any length) are cut for display;
-// the whole caption stays with the entry and maps it back to its game.
+// the line's whole caption stays in the shown lines.
 constexpr int ShownCaptionLength = 256;
-constexpr int CaptionRole = Qt::UserRole;
+// The rows of the layout: the group selector, the filter, the game list.
+constexpr int FilterTop = 33;
+constexpr int ListTop = 61;
 
-QListWidgetItem* GameItem(const QString& caption) {
-    auto* item = new QListWidgetItem(caption.size() > ShownCaptionLength
-                                         ? caption.left(ShownCaptionLength) + QChar(0x2026)
-                                         : caption);
-    item->setData(CaptionRole, caption);
-    return item;
-}
-
-QString CaptionOf(const QListWidgetItem* item) {
-    return item->data(CaptionRole).toString();
+QString ShownCaption(const QString& caption) {
+    return caption.size() > ShownCaptionLength ? caption.left(ShownCaptionLength) + QChar(0x2026)
+                                               : caption;
 }
 
 QAction* AddAction(QMenu* menu, const QString& caption, const QString& name) {
@@ -80,6 +77,12 @@ void frmMain::CreateControls() {
     m_cboGroupList = new QComboBox(m_inner);
     m_cboGroupList->setObjectName(QStringLiteral("cboGroupList"));
     connect(m_cboGroupList, &QComboBox::activated, this, &frmMain::cboGroupList_Click);
+
+    m_txtFilter = new FindGameField(m_inner);
+    connect(m_txtFilter, &QLineEdit::textChanged, this, &frmMain::txtFilter_Change);
+    connect(m_txtFilter, &FindGameField::PlayFirst, this, &frmMain::txtFilter_PlayFirst);
+    connect(m_txtFilter, &FindGameField::ToList, this,
+            [this] { m_lstGameList->setFocus(Qt::TabFocusReason); });
 
     m_lstGameList = new QListWidget(m_inner);
     m_lstGameList->setObjectName(QStringLiteral("lstGameList"));
@@ -135,6 +138,11 @@ void frmMain::CreateMenus() {
 
     m_romMenu = new RomMenu(m_state, m_prompts, m_shell, *this, this);
     menuBar()->addMenu(m_romMenu->Menu());
+    m_romMenu->AddKeysTo({m_lstGameList, m_txtFilter});
+    QAction* find = AddAction(options, QStringLiteral("F&ind a Game"), QStringLiteral("mnuFind"));
+    find->setShortcut(QKeySequence::Find);
+    options->insertAction(options->actions().constFirst(), find);
+    connect(find, &QAction::triggered, m_txtFilter, &FindGameField::Focus);
     connect(m_romMenu->Menu(), &QMenu::aboutToShow, this,
             [this] { m_romMenu->Prepare(CurrentGame()); });
 
@@ -179,12 +187,7 @@ void frmMain::cboGroupList_AddGroupList() {
     LogEvent(QStringLiteral("Adding groups to ") + objectName() +
              QStringLiteral(".cboGroupList..."));
     m_cboGroupList->clear();
-    m_cboGroupList->addItem(FixedGroup);
-    for (const QString& group : m_state.Groups.Entries) {
-        if (group.isEmpty())
-            break;
-        m_cboGroupList->addItem(group);
-    }
+    m_cboGroupList->addItems(SelectorLines(m_state.Groups));
     LogEvent(QStringLiteral("Done."), true);
 }
 
@@ -196,26 +199,57 @@ int frmMain::cboGroupList_SearchIndex(const QString& text) const {
     return -1;
 }
 
+int frmMain::cboGroupList_IndexOrUngrouped(const QString& group) const {
+    const int index = cboGroupList_SearchIndex(group);
+    return index >= 0 ? index : cboGroupList_SearchIndex(FixedGroup);
+}
+
 int frmMain::lstGameList_SearchIndex(const QString& caption) const {
-    for (int i = 0; i < m_lstGameList->count(); ++i) {
-        if (CaptionOf(m_lstGameList->item(i)).compare(caption, Qt::CaseInsensitive) == 0)
-            return i;
+    for (qsizetype row = 0; row < m_shownLines.size(); ++row) {
+        if (m_shownLines.at(row).Caption.compare(caption, Qt::CaseInsensitive) == 0)
+            return static_cast<int>(row);
     }
     return -1;
 }
 
 void frmMain::lstGameList_AddGameList(const QString& group) {
     LogEvent(QStringLiteral("Adding games to list for group: ") + group + QStringLiteral("..."));
-    m_lstGameList->clear();
-    for (const QString& caption : GroupCaptions(m_state.Games, group))
-        m_lstGameList->addItem(GameItem(caption));
+    m_listing.Fill(m_state.Games, group);
+    ShowListing();
     LogEvent(QStringLiteral("Done."), true);
+}
+
+// The list holds the shown captions only, added at once: a keystroke in the filter
+// may list a thousand lines again.
+void frmMain::ShowListing() {
+    m_shownLines = m_listing.Lines(GameFilter(m_txtFilter->text()));
+    QStringList captions;
+    captions.reserve(m_shownLines.size());
+    for (const GameLine& line : m_shownLines)
+        captions.append(ShownCaption(line.Caption));
+    m_lstGameList->clear();
+    m_lstGameList->addItems(captions);
+}
+
+void frmMain::txtFilter_Change() {
+    {
+        const QSignalBlocker quiet(m_lstGameList);
+        ShowListing();
+    }
+    SelectGameLine(0);
+}
+
+// Enter in the filter: the first game shown is played as a double click plays it.
+void frmMain::txtFilter_PlayFirst() {
+    if (m_lstGameList->count() == 0)
+        return;
+    SelectGameLine(0);
+    lstGameList_DblClick();
 }
 
 // Selects the group's line in the selector, or "Ungrouped" when it is gone, as a click would.
 void frmMain::SelectGroup(const QString& group) {
-    const int index = cboGroupList_SearchIndex(group);
-    m_cboGroupList->setCurrentIndex(index >= 0 ? index : 0);
+    m_cboGroupList->setCurrentIndex(cboGroupList_IndexOrUngrouped(group));
     cboGroupList_Click();
 }
 
@@ -232,10 +266,10 @@ void frmMain::cboGroupList_Click() {
 }
 
 void frmMain::lstGameList_Click() {
-    QListWidgetItem* item = m_lstGameList->currentItem();
-    if (!item)
+    const int row = m_lstGameList->currentRow();
+    if (row < 0)
         return;
-    m_selectedGame = m_state.Games.FindGame(QStringLiteral("title"), CaptionOf(item));
+    m_selectedGame = m_shownLines.at(row).Index;
     if (m_selectedGame >= 0 && m_state.Options.Snapshots_Show == 1)
         ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename,
                      m_state.Options.SnapshotFolder);
@@ -278,20 +312,31 @@ void frmMain::SelectGameLine(int row) {
     lstGameList_Click();
 }
 
+int frmMain::GameRow(int gameIndex) const {
+    for (qsizetype row = 0; row < m_shownLines.size(); ++row) {
+        if (m_shownLines.at(row).Index == gameIndex)
+            return static_cast<int>(row);
+    }
+    return -1;
+}
+
 QString frmMain::ShownGroup() const {
     return m_cboGroupList->currentText();
 }
 
-void frmMain::ReplaceGameLine(const QString& caption) {
+// The new caption takes its place in the order; the game stays selected, unless the
+// filter no longer finds it.
+void frmMain::ReplaceGameLine(const QString& /*caption*/) {
     const int row = m_lstGameList->currentRow();
     if (row < 0)
         return;
     {
         const QSignalBlocker quiet(m_lstGameList);
-        delete m_lstGameList->takeItem(row);
-        m_lstGameList->insertItem(row, GameItem(caption));
+        m_listing.Fill(m_state.Games, m_currentGroup);
+        ShowListing();
     }
-    SelectGameLine(row);
+    const int moved = GameRow(m_selectedGame);
+    SelectGameLine(moved >= 0 ? moved : row);
 }
 
 void frmMain::RefillGameList() {
@@ -303,20 +348,22 @@ void frmMain::RefillGameList() {
     SelectGameLine(row);
 }
 
+// The game has left the shown group; "All Games" still lists it on its line.
 void frmMain::RemoveGameLine() {
     const int row = m_lstGameList->currentRow();
     if (row < 0)
         return;
     {
         const QSignalBlocker quiet(m_lstGameList);
-        delete m_lstGameList->takeItem(row);
+        m_listing.Fill(m_state.Games, m_currentGroup);
+        ShowListing();
     }
     SelectGameLine(row);
 }
 
 void frmMain::RefillGroupList() {
     cboGroupList_AddGroupList();
-    m_cboGroupList->setCurrentIndex(std::max(0, cboGroupList_SearchIndex(m_currentGroup)));
+    m_cboGroupList->setCurrentIndex(cboGroupList_IndexOrUngrouped(m_currentGroup));
 }
 
 void frmMain::SwitchToGroup(const QString& group, const QString& caption) {
@@ -363,12 +410,15 @@ void frmMain::OpenSettings(const QString& page) {
 }
 
 void frmMain::UpdateStatusBar() {
+    m_romMenu->SetGame(CurrentGame());
     m_firstRunHint->SetShown(m_state.GameFolders.Count() == 0);
     if (m_firstRunHint->IsShown())
         return;
     const int listed = m_lstGameList->count();
     QString text =
         QStringLiteral("%1 game%2 in %3").arg(listed).arg(listed == 1 ? "" : "s", m_currentGroup);
+    if (const QString typed = m_txtFilter->text().simplified(); !typed.isEmpty())
+        text += QStringLiteral(" matching \"") + typed + QLatin1Char('"');
     if (m_selectedGame >= 0 && m_lstGameList->currentItem()) {
         const GameRecord& game = m_state.Games.Records[m_selectedGame];
         text += QStringLiteral("   |   ") + game.Folder + game.Filename;
@@ -398,17 +448,17 @@ void frmMain::Form_Resize() {
     const int height = m_inner->height();
     if (m_state.Options.Snapshots_Show == 0 || m_state.Options.Snapshots_Show == 1)
         m_layoutWithSnapshot = m_state.Options.Snapshots_Show == 1;
+    int listWidth = width - 10;
     if (!m_layoutWithSnapshot) {
         m_picSnapshot->hide();
-        m_cboGroupList->setGeometry(5, 5, width - 10, m_cboGroupList->sizeHint().height());
-        m_lstGameList->setGeometry(5, 33, width - 10, height - 38);
     } else {
         m_picSnapshot->show();
         m_picSnapshot->move(width - m_picSnapshot->width() - 5, 5);
-        const int left = m_picSnapshot->x();
-        m_cboGroupList->setGeometry(5, 5, left - 10, m_cboGroupList->sizeHint().height());
-        m_lstGameList->setGeometry(5, 33, left - 10, height - 38);
+        listWidth = m_picSnapshot->x() - 10;
     }
+    m_cboGroupList->setGeometry(5, 5, listWidth, m_cboGroupList->sizeHint().height());
+    m_txtFilter->setGeometry(5, FilterTop, listWidth, m_txtFilter->sizeHint().height());
+    m_lstGameList->setGeometry(5, ListTop, listWidth, height - ListTop - 5);
     if (m_loaded)
         StorePlacement();
 }
@@ -475,6 +525,8 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
                     m_lstGameList->visualItemRect(item).bottomLeft()));
             return true;
         }
+        if (m_txtFilter->TakeKeyFromList(key))
+            return true;
     } else if (watched == m_lstGameList->viewport() &&
                event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);

@@ -223,6 +223,41 @@ TEST_F(CliTest, ListBuildsTheCatalogueAsTheMainWindowDoes) {
     EXPECT_TRUE(store.Contains("Game List\\" + folder, "mario.smc"));
 }
 
+TEST_F(CliTest, ListFindsGamesAndListsAllGamesAsTheWindowDoes) {
+    for (const char* file : {"game10.smc", "game2.smc", "pokemon.sfc", "gone.smc"})
+        WriteFile(QStringLiteral("Games/") + QLatin1String(file), "x");
+    ASSERT_EQ(Run({"folders", "add", TempPath("Games")}).ExitCode, 0);
+    ASSERT_EQ(Run({"groups", "add", "RPG"}).ExitCode, 0);
+    const QString section = "Game List\\" + TempPath("games/").toLower();
+    m_state.Store.Write(section, "game10.smc", "Game 10;RPG;Default;Default");
+    m_state.Store.Write(section, "game2.smc", "game 2;Ungrouped;Default;Default");
+    m_state.Store.Write(section, "pokemon.sfc", "Pokémon Stadium;RPG;Default;Default");
+    m_state.Store.Write(section, "gone.smc", "/invisible;RPG;Default;Default");
+    m_state.Store.Sync();
+
+    EXPECT_EQ(Run({"list", "--group", "All Games"}).Out, "game 2\nGame 10\nPokémon Stadium\n");
+    EXPECT_EQ(Run({"list", "--group", "all games", "--filter", "POKEMON sta"}).Out,
+              "Pokémon Stadium\n");
+    EXPECT_EQ(Run({"list", "--filter", "sfc"}).Out, ""); // the default group: "Ungrouped"
+    EXPECT_EQ(Run({"list", "--filter", "GAME"}).Out, "game 2\n");
+    EXPECT_EQ(Run({"list", "--filter"}).ExitCode, 2);
+    const CliResult json = Run({"list", "--group", "All Games", "--filter", "10", "--json"});
+    const QStringList records = json.Out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_EQ(records.size(), 1) << json.Out.toStdString();
+    EXPECT_EQ(QJsonDocument::fromJson(records.first().toUtf8()).object().value("Filename"),
+              "game10.smc");
+
+    // "All Games" is no group: it cannot be added, but Lumbra may start on it.
+    const CliResult refused = Run({"groups", "add", "ALL GAMES"});
+    EXPECT_EQ(refused.ExitCode, 1);
+    EXPECT_EQ(refused.Err, "lumbra-cli: \"All Games\" lists every game and cannot be a group; "
+                           "please choose another name.\n");
+    EXPECT_EQ(Run({"groups", "list"}).Out, "Ungrouped\nRPG\n");
+    ASSERT_EQ(Run({"config", "set", "DefaultGroup", "All Games"}).ExitCode, 0);
+    EXPECT_EQ(Run({"list"}).Out.count('\n'), 3);
+    EXPECT_EQ(Run({"config", "get", "ShowCommandLine"}).Out, "1\n");
+}
+
 TEST_F(CliTest, ExportWritesTheChosenGamesAndNeverReplacesAFileUnasked) {
     const QString roms = MakeFolder("SNES Roms");
     WriteFile("SNES Roms/Small.sfc", QByteArray(1023, 'x'));

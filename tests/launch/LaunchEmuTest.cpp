@@ -108,6 +108,14 @@ TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
     EXPECT_TRUE(LaunchLog().contains("\r\n    Launch File: zsnes.sh\r\n"));
     EXPECT_TRUE(LaunchLog().contains("Snapshot Wizard Deacticated: No new images found."));
     EXPECT_FALSE(LaunchLog().contains("Snapshot Wizard Activated"));
+
+    // The player who turned the command line off is not asked before play.
+    m_state.Options.ShowCommandLine = 0;
+    zsnes.Reset();
+    const qsizetype asked = m_prompts.Asked().size();
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    EXPECT_EQ(m_prompts.Asked().size(), asked);
+    EXPECT_TRUE(zsnes.Ran());
 }
 
 TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {

@@ -179,7 +179,7 @@ TEST_F(GameMenuTest, SendToGroupSwitchesTheViewAsAutoSwitchGroupSays) {
     Choose("mnuSendToGroup_NewGroup");
     EXPECT_EQ(Shown(), "Racing: Zelda [Zelda]");
 
-    EXPECT_EQ(Control<QComboBox>("cboGroupList")->count(), 5);
+    EXPECT_EQ(Control<QComboBox>("cboGroupList")->count(), 6); // "All Games" too
     EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("title", "Mario")].Group, "Puzzle");
     EXPECT_EQ(m_prompts.Asked()[0].title + ": " + m_prompts.Asked()[0].text,
               "Create Group: Enter the new group's caption:");

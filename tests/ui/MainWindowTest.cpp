@@ -152,7 +152,8 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
         QCoreApplication::processEvents();
         EXPECT_TRUE(picture->isVisible());
         EXPECT_EQ(picture->x(), inner->width() - picture->width() - 5);
-        EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, inner->height() - 38));
+        EXPECT_EQ(list->geometry(), QRect(5, 61, picture->x() - 10, inner->height() - 66));
+        EXPECT_EQ(Control<QLineEdit>("txtFilter")->geometry().topLeft(), QPoint(5, 33));
     }
     m_state.Options.Snapshots_Show = 0;
     m_window->Form_Resize();
@@ -183,11 +184,13 @@ TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
     StartWindow();
 
     auto* list = Control<QListWidget>("lstGameList");
-    // A caption of ten million characters is listed short and still finds its game.
+    // A caption of ten million characters is listed short (and last) and still finds its game.
     ASSERT_EQ(list->count(), GameList::Capacity);
-    EXPECT_LT(list->item(1)->text().size(), 1000);
-    EXPECT_TRUE(list->item(1)->text().startsWith("WWW"));
-    ClickLine(list, 1);
+    const int last = GameList::Capacity - 1;
+    EXPECT_LT(list->item(last)->text().size(), 1000);
+    EXPECT_TRUE(list->item(last)->text().startsWith("WWW"));
+    list->scrollToBottom();
+    ClickLine(list, last);
     const QString status = m_window->statusBar()->currentMessage();
     EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc")) << status.toStdString();
 

@@ -95,7 +95,7 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
               "/emus/snes9x//emus/saves/fast");
 
     EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->currentText(), "Ungrouped"); // "Gone" is gone
-    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 2);
+    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 3); // "All Games" first
     EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")), QStringList{TempPath("Games/")});
     EXPECT_EQ(TextOf("txtExportFolder") + TextOf("txtSnapshotFolder") + TextOf("txtNoSnapPic"),
               "/exports//snaps//snaps/none.png");
@@ -109,10 +109,10 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
             checked << box->objectName();
     }
     checked.sort();
-    EXPECT_EQ(checked,
-              (QStringList{"chkRomBatchFileSupport", "chkSPC_DisplayList", "chkSPC_UseWizard",
-                           "chkSnapshots_AutoUse1st", "chkSnapshots_HideIfPicExists",
-                           "chkSnapshots_UseWizard", "chkStateClickDeletes"}));
+    EXPECT_EQ(checked, (QStringList{"chkRomBatchFileSupport", "chkSPC_DisplayList",
+                                    "chkSPC_UseWizard", "chkShowCommandLine",
+                                    "chkSnapshots_AutoUse1st", "chkSnapshots_HideIfPicExists",
+                                    "chkSnapshots_UseWizard", "chkStateClickDeletes"}));
 
     Click("cmdClose");
     m_dialog.reset();
@@ -131,7 +131,8 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
         FLAG(Snapshots_Show),          FLAG(Snapshots_UseWizard),
         FLAG(Snapshots_AutoUse1st),    FLAG(Snapshots_HideIfPicExists),
         FLAG(Snapshots_AutoRenameAll), FLAG(SPC_UseWizard),
-        FLAG(SPC_DisplayList),         FLAG(SPC_ShowMenu)};
+        FLAG(SPC_DisplayList),         FLAG(SPC_ShowMenu),
+        FLAG(ShowCommandLine)};
     for (const auto& [name, flag] : flags) {
         Press(name);
         EXPECT_EQ(m_state.Options.*flag, before.*flag == 0 ? 1 : 0) << name;
@@ -163,6 +164,8 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
     PickFromList(Reveal<QComboBox>("cboDefaultEmulator"), "ZSnes");
     PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "RPG");
     EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesRPG");
+    PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "All Games"); // Lumbra may start on it
+    EXPECT_EQ(m_state.Options.DefaultGroup, "All Games");
 
     Press("optAssociated");
     EXPECT_EQ(m_state.Options.SPC_OpenWith, "%WIN");
