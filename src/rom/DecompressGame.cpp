@@ -5,24 +5,13 @@
 #include "app/Prompts.h"
 #include "app/StringHelpers.h"
 #include "launch/PathResolver.h"
+#include "rom/GameImage.h"
 #include "rom/QzUnzipFiles.h"
 
 #include <QFile>
 #include <QStringList>
 
 namespace {
-
-// The game image extensions, in the order they are tried.
-const QStringList GameExtensions = {
-    QStringLiteral("1"),   QStringLiteral("058"), QStringLiteral("078"), QStringLiteral("fig"),
-    QStringLiteral("sfc"), QStringLiteral("smc"), QStringLiteral("swc")};
-
-bool IsGameImage(const QString& name) {
-    const int dot = InStrLast(name, QStringLiteral("."));
-    if (dot == 0 || dot == name.size())
-        return false;
-    return GameExtensions.contains(name.mid(dot).toLower());
-}
 
 // Deletes every file the last extraction made; a file already gone is passed over.
 void Flush(AppState& state) {
