@@ -6,6 +6,9 @@
 #   export     lumbra-cli export of the whole stored list as the plain-text table
 #   window     lumbra from exec to its main window mapped on Xvfb, which it maps only
 #              once the game list is filled
+#   detect     lumbra-cli emulators detect with no emulator installed (an empty home and
+#              PATH): every find rule of the catalogue tried, the result stored; beside
+#              the bare start of a C++ process, and under 200 ms
 # The file-system floor (lumbra-floor-scan) lists the folders and reads the header
 # bytes, nothing else; the Qt floor (lumbra-floor-window) maps a QMainWindow holding a
 # QListWidget of 1,000 lines. After one warm-up each, Lumbra and its floor take turns
@@ -58,6 +61,8 @@ scan_floor() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan" "$work/games"/*
 window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; }
 window_floor() { "$bin/lumbra-bench-mapwait" "Qt Floor" "$bin/lumbra-floor-window"; }
 cli_start() { "$bin/lumbra-bench-time" "$cli" --help; }
+mkdir "$work/nohome" "$work/nopath"
+detect() { use_store empty && HOME="$work/nohome" PATH="$work/nopath" "$bin/lumbra-bench-time" "$cli" emulators detect; }
 floor_start() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan"; }
 cold_rebuild() { use_store empty && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
 warm_rebuild() { use_store rebuilt && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
@@ -81,12 +86,14 @@ median() { cut -d' ' -f1 "$1" | sort -n | awk '{ v[NR] = $1 }
     END { print NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2 }'; }
 peak() { cut -d' ' -f2 "$1" | sort -n | tail -n 1; }
 
-# report LABEL NAME [RATIO_TARGET [PEAK_TARGET_MIB]]
+# report LABEL NAME [RATIO_TARGET [PEAK_TARGET_MIB [TIME_TARGET_MS]]]
 report() {
     awk -v label="$1:" -v time="$(median "$work/$2.lumbra")" -v floor="$(median "$work/$2.floor")" \
         -v kib="$(peak "$work/$2.lumbra")" -v floor_kib="$(peak "$work/$2.floor")" \
-        -v target="${3:-}" -v peak_target="${4:-}" 'BEGIN {
-        printf "%-13s %7.1f ms   floor %6.1f ms   ratio %6.2fx", label, time, floor, time / floor
+        -v target="${3:-}" -v peak_target="${4:-}" -v time_target="${5:-}" 'BEGIN {
+        printf "%-13s %7.1f ms", label, time
+        if (time_target != "") printf " (target < %s ms)", time_target
+        printf "   floor %6.1f ms   ratio %6.2fx", floor, time / floor
         if (target != "") printf "   (target <= %sx)", target
         printf "   peak %5.1f MiB", kib / 1024
         if (peak_target != "") printf " (target < %s MiB)", peak_target
@@ -109,6 +116,7 @@ turns warm_list warm_list scan_floor
 turns export export_list scan_floor
 turns window window window_floor
 turns start cli_start floor_start
+turns detect detect floor_start
 turns cold_rebuild cold_rebuild floor_inside
 turns warm_rebuild warm_rebuild floor_inside
 
@@ -118,6 +126,7 @@ report "cold scan" cold_scan 2.0 15
 report "warm list" warm_list 1.5 15
 report "export" export
 report "window" window 1.3
+report "detect" detect "" "" 200
 echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, the floor with no"
 echo "folder), then the rebuild alone, timed inside lumbra-bench and inside the floor."
 report "start-up" start

@@ -32,13 +32,31 @@ Commands:
   config list                every setting of the "Settings" and "Folders" sections
   config get KEY             one setting ("DefaultEmulator", "Snapshot Folder", ...)
   config set KEY VALUE       change one setting
-  emulators list             the three emulators and their folders
+  emulators list             the three emulators and their folders, then the ones
+                             that detect found
+  emulators detect [--json]  look for the emulators of the catalogue (RetroArch and
+                             its SNES cores, Mednafen, snes9x, bsnes, ares, Mesen...)
+                             and store what is found; nothing is started
   emulators set NAME [--folder DIR] [--save-folder DIR] [--profile NAME]
                              set up an emulator (Nlke, Snes9X or ZSnes)
+  emulators set NAME [--profile NAME] [--command TEXT] [--state-folder DIR]
+         [--save-folder DIR] [--screenshot-folder DIR]
+                             change a found emulator: its command (with {program},
+                             {core}, {options} and {game}), default profile, and the
+                             folders of its files ("" for the emulator's own)
+  emulators remove NAME      forget a found emulator
+  profiles list [EMULATOR]   the settings profiles of one emulator, or of all
+  profiles set EMULATOR PROFILE "OPTION TEXT"
+                             add or change a profile: the options it passes
+  profiles remove EMULATOR PROFILE
+                             remove a profile
   launch --index N | CAPTION play a game as a double click in Lumbra would: message
                              boxes go to standard error and take their default
                              answer; after play the new screenshots are listed (or
                              the first becomes the snapshot, "Snapshots_AutoUse1st")
+  states [--json] --index N | CAPTION
+                             a game's snapshot and every file its emulators wrote:
+                             save states, battery saves, screenshots
   export [--method entire|folder PATH|group NAME|pattern GLOB] [--sort KEY]
          [--columns KEY,KEY,...] [--format text|html] [--force] FILE|-
                              write the game list as a text table or an HTML page,
@@ -78,7 +96,8 @@ int main(int argc, char** argv) {
         {QStringLiteral("scan"), RunScan},           {QStringLiteral("folders"), RunFolders},
         {QStringLiteral("groups"), RunGroups},       {QStringLiteral("config"), RunConfig},
         {QStringLiteral("emulators"), RunEmulators}, {QStringLiteral("launch"), RunLaunch},
-        {QStringLiteral("export"), RunExport}};
+        {QStringLiteral("export"), RunExport},       {QStringLiteral("profiles"), RunProfiles},
+        {QStringLiteral("states"), RunStates}};
     const QString name = arguments.takeFirst();
     const auto command = commands.find(name);
     if (command == commands.end()) {

@@ -75,6 +75,10 @@ void SettingsStore::Write(const QString& section, const QString& key, const QStr
     m_settings->setValue(FullKey(section, key), value);
 }
 
+void SettingsStore::Remove(const QString& section, const QString& key) {
+    m_settings->remove(FullKey(section, key));
+}
+
 void SettingsStore::DeleteSection(const QString& section) {
     m_settings->remove(Encode(section));
 }

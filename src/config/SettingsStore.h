@@ -26,6 +26,8 @@ public:
                  const QString& defaultValue = QString()) const;
     bool Contains(const QString& section, const QString& key) const;
     void Write(const QString& section, const QString& key, const QString& value);
+    // Removes one key of a section; nothing happens when it is absent.
+    void Remove(const QString& section, const QString& key);
     void DeleteSection(const QString& section);
     // The section's own name/value pairs, in the store's order.
     QList<std::pair<QString, QString>> ListSection(const QString& section) const;

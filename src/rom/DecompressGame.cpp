@@ -4,6 +4,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "platform/PathResolver.h"
+#include "rom/GameImage.h"
 #include "rom/QzUnzipFiles.h"
 #include "rom/UnzipState.h"
 
@@ -11,18 +12,6 @@
 #include <QStringList>
 
 namespace {
-
-// The game image extensions, in the order they are tried.
-const QStringList GameExtensions = {
-    QStringLiteral("1"),   QStringLiteral("058"), QStringLiteral("078"), QStringLiteral("fig"),
-    QStringLiteral("sfc"), QStringLiteral("smc"), QStringLiteral("swc")};
-
-bool IsGameImage(const QString& name) {
-    const int dot = InStrLast(name, QStringLiteral("."));
-    if (dot == 0 || dot == name.size())
-        return false;
-    return GameExtensions.contains(name.mid(dot).toLower());
-}
 
 // Deletes every file the last extraction made; a file already gone is passed over.
 void Flush(const UnzipState& unzipState, const QString& unzipFolder) {

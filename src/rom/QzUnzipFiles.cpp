@@ -1,6 +1,7 @@
 #include "rom/QzUnzipFiles.h"
 
 #include "base/Prompts.h"
+#include "rom/ArchiveEntryName.h"
 #include "rom/UnzipFolder.h"
 #include "rom/UnzipState.h"
 
@@ -31,23 +32,6 @@ constexpr qsizetype BlockSize = 64 * 1024;
 QString ReasonOf(archive* reader) {
     const char* reason = archive_error_string(reader);
     return reason ? QString::fromLocal8Bit(reason) : QStringLiteral("Unknown error");
-}
-
-QString EntryPath(archive_entry* entry) {
-    if (const char* utf8 = archive_entry_pathname_utf8(entry))
-        return QString::fromUtf8(utf8);
-    const char* raw = archive_entry_pathname(entry);
-    return raw ? QFile::decodeName(raw) : QString();
-}
-
-// The last path component, or an empty text when that names no file.
-QString FlatName(const QString& path) {
-    const qsizetype cut =
-        std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
-    const QString name = path.mid(cut + 1);
-    if (name == QLatin1String(".") || name == QLatin1String(".."))
-        return QString();
-    return name;
 }
 
 std::optional<qint64> ModifiedTime(archive_entry* entry) {

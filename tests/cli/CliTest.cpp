@@ -1,3 +1,4 @@
+#include "cli/CliRun.h"
 #include "support/SnesImageBuilder.h"
 #include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"
@@ -14,21 +15,9 @@
 
 namespace {
 
-struct CliResult {
-    int ExitCode = -1;
-    QString Out;
-    QString Err;
-};
-
 class CliTest : public LumbraTest {
 protected:
-    CliResult Run(const QStringList& arguments) {
-        QProcess process;
-        process.start(QStringLiteral(LUMBRA_CLI_PATH), arguments);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    CliResult Run(const QStringList& arguments) { return RunCli(arguments); }
 };
 
 TEST_F(CliTest, FoldersAndGroupsAreSetUpFromTheTerminal) {

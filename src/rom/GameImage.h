@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+// Whether a file name has one of the SNES game image extensions (".1", ".058", ".078",
+// ".fig", ".sfc", ".smc", ".swc") in any letter case.
+bool IsGameImage(const QString& name);
