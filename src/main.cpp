@@ -42,7 +42,6 @@ int main(int argc, char** argv) {
     StoreWriterLock storeWriter(state.Store, StoreWriterLock::Holder::Window);
     if (!ClaimStoreForWindow(storeWriter, prompts))
         return 1;
-    state.Store.Reload(); // what a command wrote before the claim
     RealShell shell(prompts, [](const QString& document) {
         return QDesktopServices::openUrl(QUrl::fromLocalFile(document));
     });

@@ -37,10 +37,8 @@ bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
 }
 
 bool ClaimStore(CliContext& context, StoreWriterLock& lock) {
-    if (lock.TryAcquire()) {
-        context.State.Store.Reload();
+    if (lock.TryAcquire())
         return true;
-    }
     if (!lock.Failure().isEmpty()) {
         context.Err << "lumbra-cli: " << lock.Failure() << '\n';
         return false;

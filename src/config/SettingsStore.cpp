@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTemporaryFile>
 
 #include <algorithm>
@@ -49,53 +50,52 @@ QString WhyNotWritable(const QString& storeFile) {
 
 } // namespace
 
-SettingsStore::SettingsStore(const QString& application)
-    : m_application(application),
-      m_settings(std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
-                                             application, application)) {}
+SettingsStore::SettingsStore(const QString& application) : m_application(application) {}
 
-void SettingsStore::Reload() {
-    m_settings = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
-                                             m_application, m_application);
+QSettings& SettingsStore::File() const {
+    if (!m_settings)
+        m_settings = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
+                                                 m_application, m_application);
+    return *m_settings;
 }
 
 SettingsStore::~SettingsStore() = default;
 
 QString SettingsStore::Read(const QString& section, const QString& key,
                             const QString& defaultValue) const {
-    const QVariant value = m_settings->value(FullKey(section, key));
+    const QVariant value = File().value(FullKey(section, key));
     return value.isValid() ? value.toString() : defaultValue;
 }
 
 bool SettingsStore::Contains(const QString& section, const QString& key) const {
-    return m_settings->contains(FullKey(section, key));
+    return File().contains(FullKey(section, key));
 }
 
 void SettingsStore::Write(const QString& section, const QString& key, const QString& value) {
-    m_settings->setValue(FullKey(section, key), value);
+    File().setValue(FullKey(section, key), value);
 }
 
 void SettingsStore::Remove(const QString& section, const QString& key) {
-    m_settings->remove(FullKey(section, key));
+    File().remove(FullKey(section, key));
 }
 
 void SettingsStore::DeleteSection(const QString& section) {
-    m_settings->remove(Encode(section));
+    File().remove(Encode(section));
 }
 
 QList<std::pair<QString, QString>> SettingsStore::ListSection(const QString& section) const {
     QList<std::pair<QString, QString>> pairs;
-    m_settings->beginGroup(Encode(section));
-    const QStringList keys = m_settings->childKeys();
+    File().beginGroup(Encode(section));
+    const QStringList keys = File().childKeys();
     for (const QString& key : keys)
-        pairs.append({Decode(key), m_settings->value(key).toString()});
-    m_settings->endGroup();
+        pairs.append({Decode(key), File().value(key).toString()});
+    File().endGroup();
     return pairs;
 }
 
 QStringList SettingsStore::Sections() const {
     QStringList sections;
-    for (const QString& group : m_settings->childGroups())
+    for (const QString& group : File().childGroups())
         sections.append(Decode(group));
     return sections;
 }
@@ -111,10 +111,10 @@ void SettingsStore::WriteFile() {
     m_syncDue = false;
     // QSettings takes "<file>.lock" for a write and waits for a lock that a killed
     // process left behind until it has aged, about half a minute.
-    RemoveAbandonedLock(m_settings->fileName() + QStringLiteral(".lock"));
-    m_settings->sync();
+    RemoveAbandonedLock(File().fileName() + QStringLiteral(".lock"));
+    File().sync();
     m_writeError.clear();
-    if (m_settings->status() != QSettings::NoError)
+    if (File().status() != QSettings::NoError)
         m_writeError = QStringLiteral("Could not save the settings to ") + FilePath() +
                        QStringLiteral(": ") + WhyNotWritable(FilePath());
 }
@@ -129,10 +129,18 @@ SettingsStore::Batch::~Batch() {
 }
 
 void SettingsStore::Clear() {
-    m_settings->clear();
+    File().clear();
     WriteFile();
 }
 
 QString SettingsStore::FilePath() const {
-    return m_settings->fileName();
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    // Where QSettings keeps the store, named without opening it: the writer lock
+    // is taken on this path before anything is read.
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QLatin1Char('/') + m_application + QLatin1Char('/') + m_application +
+           QStringLiteral(".conf");
+#else
+    return File().fileName();
+#endif
 }

@@ -51,10 +51,6 @@ public:
         SettingsStore& m_store;
     };
 
-    // Reads the file again, dropping what this process has not written: a writer
-    // calls it once it holds the writer lock, so that it changes the latest store.
-    void Reload();
-
     // Why the last write of the file failed ("Could not save the settings to
     // <file>: <the system's reason>"), or an empty text when it succeeded.
     QString WriteError() const { return m_writeError; }
@@ -67,7 +63,12 @@ private:
     void WriteFile();
 
     QString m_application;
-    std::unique_ptr<QSettings> m_settings;
+    // Opened on first use, so that a writer that takes the writer lock first reads
+    // the store as the last writer left it. QSettings keeps each file it read for
+    // the process's life and reads it again only when its size or time changed,
+    // which two quick writes of the same size need not do.
+    QSettings& File() const;
+    mutable std::unique_ptr<QSettings> m_settings;
     QString m_writeError;
     int m_batchDepth = 0;
     bool m_syncDue = false;
