@@ -6,6 +6,7 @@
 #include "app/StringHelpers.h"
 #include "launch/PathResolver.h"
 #include "rom/QzUnzipFiles.h"
+#include "rom/UnzipState.h"
 
 #include <QFile>
 #include <QStringList>
@@ -35,6 +36,14 @@ void Flush(AppState& state) {
 
 } // namespace
 
+QString FirstGameImage(const UnzipState& unzipped) {
+    for (const QString& name : unzipped.UnzippedFiles) {
+        if (!name.isEmpty() && IsGameImage(name))
+            return name;
+    }
+    return QString();
+}
+
 QString DecompressGame(AppState& state, Prompts& prompts, const QString& argument) {
     if (argument.toLower() == QLatin1String("flush")) {
         Flush(state);
@@ -59,10 +68,8 @@ QString DecompressGame(AppState& state, Prompts& prompts, const QString& argumen
     if (EventLog::DebugMode())
         prompts.Message(QStringLiteral("The following files were unzipped:\r\n\r\n") + unzipped);
 
-    for (const QString& name : state.Unzip.UnzippedFiles) {
-        if (!name.isEmpty() && IsGameImage(name))
-            return name;
-    }
-    Flush(state);
-    return QString();
+    const QString game = FirstGameImage(state.Unzip);
+    if (game.isEmpty())
+        Flush(state);
+    return game;
 }

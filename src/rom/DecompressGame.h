@@ -4,6 +4,7 @@
 
 class Prompts;
 struct AppState;
+struct UnzipState;
 
 // With an archive's path: extracts it flat into the unzip folder and returns the
 // file name (no folder) of the first extracted SNES image, or an empty text when
@@ -11,3 +12,8 @@ struct AppState;
 // "flush" (any letter case): deletes from the unzip folder every file that the last
 // extraction made, and returns an empty text.
 QString DecompressGame(AppState& state, Prompts& prompts, const QString& argument);
+
+// The first of the extracted files, in extraction order, whose extension is a game
+// image's ("1", "058", "078", "fig", "sfc", "smc", "swc", any letter case); empty when
+// there is none.
+QString FirstGameImage(const UnzipState& unzipped);
