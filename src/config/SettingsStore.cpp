@@ -1,6 +1,7 @@
 #include "config/SettingsStore.h"
 
 #include "config/AbandonedLock.h"
+#include "config/SaveFileLeftovers.h"
 
 #include <QSettings>
 
@@ -81,6 +82,7 @@ void SettingsStore::WriteFile() {
     // QSettings takes "<file>.lock" for a write and waits for a lock that a killed
     // process left behind until it has aged, about half a minute.
     RemoveAbandonedLock(m_settings->fileName() + QStringLiteral(".lock"));
+    RemoveSaveFileLeftovers(m_settings->fileName());
     m_settings->sync();
 }
 
