@@ -13,12 +13,15 @@
 #include "cli/JsonLine.h"
 #include "config/StoreWriterLock.h"
 #include "platform/PathResolver.h"
+#include "rom/QzUnzipFiles.h"
 #include "rom/RomCaption.h"
 #include "rom/RomInfo.h"
+#include "rom/ZippedGame.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <optional>
 
 namespace {
 
@@ -48,10 +51,14 @@ struct InfoLine {
     QString Value;
 };
 
-QList<InfoLine> HeaderInfo(const QString& file, const AppState& state) {
+// The header comes from the zipped game when there is one; the caption is always the
+// file's own, as the game list shows it.
+QList<InfoLine> HeaderInfo(const QString& file, const ZippedGame* zipped, const AppState& state) {
     clsRomInfo info;
-    info.ReadROM(file);
+    info.ReadROM(zipped ? zipped->GamePath() : file);
     QList<InfoLine> lines{{QStringLiteral("file"), QStringLiteral("File:      "), file}};
+    if (zipped)
+        lines.append({QStringLiteral("game"), QStringLiteral("Game:      "), zipped->GameName()});
     for (const HeaderEntry& entry : HeaderEntries)
         lines.append(
             {QLatin1String(entry.Key), QLatin1String(entry.Label), info.GameData(entry.Field)});
@@ -128,7 +135,19 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
             exitCode = ExitFailed;
             continue;
         }
-        const QList<InfoLine> lines = HeaderInfo(file, context.State);
+        std::optional<ZippedGame> zipped;
+        if (ZippedGame::IsArchive(resolved)) {
+            CliPrompts prompts(context.Err);
+            zipped.emplace(resolved, prompts);
+            if (zipped->Result() != UnzipOk)
+                prompts.Message(file + QStringLiteral(": ") + zipped->Message());
+            if (zipped->GameName().isEmpty()) {
+                context.Err << "lumbra-cli: " << file << ": the archive holds no SNES game\n";
+                exitCode = ExitFailed;
+                continue;
+            }
+        }
+        const QList<InfoLine> lines = HeaderInfo(file, zipped ? &*zipped : nullptr, context.State);
         if (json) {
             QList<std::pair<QString, QString>> fields;
             for (const InfoLine& line : lines)

@@ -16,7 +16,8 @@ Lumbra's command-line front: inspect SNES game images and set up the catalogue
 from a terminal. It reads and writes the same settings store as Lumbra.
 
 Commands:
-  info [--json] FILE...      the internal header of each game file and its caption
+  info [--json] FILE...      the internal header of each game file and its caption;
+                             for a zip, the header of the game inside ("game")
   list [--group NAME] [--filter WORDS] [--json]
                              the captions the game list shows for a group (default:
                              the default group; "All Games" lists every game), in

@@ -1,6 +1,7 @@
 #include "config/SettingsStore.h"
 
 #include "config/AbandonedLock.h"
+#include "config/SaveFileLeftovers.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -112,6 +113,7 @@ void SettingsStore::WriteFile() {
     // QSettings takes "<file>.lock" for a write and waits for a lock that a killed
     // process left behind until it has aged, about half a minute.
     RemoveAbandonedLock(File().fileName() + QStringLiteral(".lock"));
+    RemoveSaveFileLeftovers(File().fileName());
     File().sync();
     m_writeError.clear();
     if (File().status() != QSettings::NoError)

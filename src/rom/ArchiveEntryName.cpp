@@ -1,14 +1,16 @@
 #include "rom/ArchiveEntryName.h"
 
+#include "base/StringHelpers.h"
+
 #include <QFile>
 #include <algorithm>
 #include <archive_entry.h>
 
 QString EntryPath(archive_entry* entry) {
     if (const char* utf8 = archive_entry_pathname_utf8(entry))
-        return QString::fromUtf8(utf8);
+        return ReplaceControlCharacters(QString::fromUtf8(utf8));
     const char* raw = archive_entry_pathname(entry);
-    return raw ? QFile::decodeName(raw) : QString();
+    return raw ? ReplaceControlCharacters(QFile::decodeName(raw)) : QString();
 }
 
 QString FlatName(const QString& path) {

@@ -24,6 +24,14 @@ void Flush(const UnzipState& unzipState, const QString& unzipFolder) {
 
 } // namespace
 
+QString FirstGameImage(const UnzipState& unzipped) {
+    for (const QString& name : unzipped.UnzippedFiles) {
+        if (!name.isEmpty() && IsGameImage(name))
+            return name;
+    }
+    return QString();
+}
+
 void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder) {
     const QString folder = AddBackslash(unzipFolder);
     for (const QString& name : std::as_const(unzipState.KeptForPlay))
@@ -56,10 +64,8 @@ QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Promp
     if (EventLog::DebugMode())
         prompts.Message(QStringLiteral("The following files were unzipped:\r\n\r\n") + unzipped);
 
-    for (const QString& name : unzipState.UnzippedFiles) {
-        if (!name.isEmpty() && IsGameImage(name))
-            return name;
-    }
-    Flush(unzipState, unzipFolder);
-    return QString();
+    const QString game = FirstGameImage(unzipState);
+    if (game.isEmpty())
+        Flush(unzipState, unzipFolder);
+    return game;
 }

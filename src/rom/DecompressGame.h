@@ -15,3 +15,8 @@ void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder);
 
 QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Prompts& prompts,
                        const QString& argument);
+
+// The first of the extracted files, in extraction order, whose extension is a game
+// image's ("1", "058", "078", "fig", "sfc", "smc", "swc", any letter case); empty when
+// there is none.
+QString FirstGameImage(const UnzipState& unzipped);

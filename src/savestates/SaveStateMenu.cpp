@@ -51,7 +51,11 @@ SaveStateMenu EmptySaveStateMenu() {
 
 SaveStateMenu BuildSaveStateMenu(AppState& state, int gameIndex) {
     SaveStateMenu menu = EmptySaveStateMenu();
-    const auto [shortBase, longBase] = BaseNames(state.Games.Records[gameIndex]);
+    // Named variables, not a structured binding: the probe below captures them, and
+    // clang before 16 refuses to capture a structured binding.
+    const std::pair<QString, QString> baseNames = BaseNames(state.Games.Records[gameIndex]);
+    const QString& shortBase = baseNames.first;
+    const QString& longBase = baseNames.second;
     PathResolver resolver; // one listing of each save folder for the whole menu
     for (int emulator = 0; emulator < EmulatorTable::Count; ++emulator) {
         const int index = state.Emulators.FindEmulatorIndex(EmulatorTable::Names[emulator]);

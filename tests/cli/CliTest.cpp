@@ -5,6 +5,7 @@
 
 #include "config/StoreWriterLock.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -80,6 +81,37 @@ TEST_F(CliTest, InfoPrintsTheHeaderAndGoesOnPastMissingFiles) {
             << unreadable.Err.toStdString();
         EXPECT_EQ(unreadable.Out, "");
     }
+}
+
+TEST_F(CliTest, InfoReadsTheGameInsideAZipAndLeavesTheUnzipFolderAlone) {
+    const QString unzip = MakeFolder("unzip");
+    ASSERT_EQ(Run({"config", "set", "Unzip Folder", unzip + '/'}).ExitCode, 0);
+    const QString playing = WriteFile("unzip/game.smc", "playing");
+    const QByteArray game = SnesImageBuilder().Title("ZIPPED GAME").CopierHeader().Build();
+    const QString zip =
+        MakeZip("Zipped.zip", {{"readme.txt", "r"}, {"docs/game.smc", game}, {"b.sfc", "x"}});
+    const CliResult result = Run({"info", "--json", zip});
+    EXPECT_EQ(result.ExitCode, 0) << result.Err.toStdString();
+    const QJsonObject header = QJsonDocument::fromJson(result.Out.toUtf8()).object();
+    EXPECT_EQ(header.keys().size(), 14);
+    EXPECT_EQ(header.value("file").toString(), zip);
+    EXPECT_EQ(header.value("game").toString(), "game.smc");
+    EXPECT_EQ(header.value("InternalTitle").toString(), "ZIPPED GAME");
+    EXPECT_EQ(header.value("BankSize").toString(), "LoROM (32kb banks)");
+    EXPECT_EQ(ReadFile(playing), "playing");
+    EXPECT_EQ(QDir(unzip).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList("game.smc"));
+
+    // An archive without a game says so; a name's control characters stay off the terminal.
+    const QString notes = MakeZip("notes.zip", {{"notes.txt", "x"}});
+    const QString hostile = MakeZip("hostile.zip", {{"evil\x1b[2J.smc", game}});
+    const CliResult mixed = Run({"info", notes, hostile});
+    EXPECT_EQ(mixed.ExitCode, 1);
+    EXPECT_EQ(mixed.Err, "lumbra-cli: " + notes + ": the archive holds no SNES game\n");
+    EXPECT_TRUE(mixed.Out.startsWith("File:       " + hostile +
+                                     "\nGame:       evil\uFFFD[2J.smc\nTitle:      ZIPPED GAME\n"))
+        << mixed.Out.toStdString();
+    EXPECT_FALSE(QString(mixed.Out + mixed.Err).contains(QChar(0x1b)));
 }
 
 TEST_F(CliTest, CommandsThatWriteWaitForTheWindowToCloseAndNothingIsLost) {

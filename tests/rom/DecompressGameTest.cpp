@@ -119,3 +119,15 @@ TEST_F(DecompressGameTest, TheDefaultUnzipFolderIsPrivateAndMadeOnFirstUse) {
               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     Decompress("flush");
 }
+
+TEST_F(DecompressGameTest, TheFirstGameOfANameIsPlayedAndListedWithoutControlCharacters) {
+    EnableLog();
+    const QString zip = MakeRawZip(
+        "twice.zip", {{"roms/game.smc", m_game}, {"game.smc", "impostor"}, {"bell\x07.txt", "r"}});
+    EXPECT_EQ(Decompress(zip), "game.smc");
+    EXPECT_EQ(UnzipFile("game.smc"), m_game);
+    EXPECT_EQ(m_prompts.AskedTexts(),
+              QStringList("The following files were unzipped:\r\n\r\n0) game.smc\r\n"
+                          "1) bell\uFFFD.txt\r\n"));
+    EXPECT_TRUE(LogText().contains("Left out a later entry named game.smc of " + zip));
+}
