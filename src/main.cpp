@@ -3,6 +3,7 @@
 #include "catalogue/AppState.h"
 #include "config/StoreWriterLock.h"
 #include "launch/LaunchEmu.h"
+#include "platform/DocumentOpener.h"
 #include "platform/RealShell.h"
 #include "platform/TerminationRequests.h"
 #include "ui/QtPrompts.h"
@@ -44,7 +45,8 @@ int main(int argc, char** argv) {
         return 1;
     state.Store.Reload(); // what a command wrote before the claim
     RealShell shell(prompts, [](const QString& document) {
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(document));
+        return HasProgramToOpen(document) &&
+               QDesktopServices::openUrl(QUrl::fromLocalFile(document));
     });
     SnapshotWizardDialogView wizardView;
     EmulatorLauncher launcher(state, prompts, shell, wizardView);
