@@ -150,6 +150,7 @@ TEST_F(LaunchEmuTest, EachPlayIsCountedAndAWaitedForPlayIsTimed) {
     m_state.Options.ShowCommandLine = 0;
     m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename,
                         "4;2020-01-01T00:00:00Z;7200");
+    m_prompts.AnswerMessage(PromptAnswer::No); // "Use this snapshot for super game?"
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
     PlayStatistics waited = ReadPlayStatistics(m_state.Store, game);
     EXPECT_EQ(waited.PlayCount, 5);
@@ -159,6 +160,7 @@ TEST_F(LaunchEmuTest, EachPlayIsCountedAndAWaitedForPlayIsTimed) {
     // Without waiting only the start counts; a game that cannot start does not.
     m_state.Options.Snapshots_UseWizard = 0;
     m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename, "0;;0");
+    m_snes9x.Reset();
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
     ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
     game.Emulator = "Nlke"; // not set up

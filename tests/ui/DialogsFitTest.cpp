@@ -93,7 +93,10 @@ TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
     ASSERT_EQ(name.size(), 60);
     GameList games;
     ScriptedPrompts prompts;
-    RomInfoRequest request{name, TempPath() + '/', name, TempPath() + '/', "A", "Ungrouped", 0};
+    RomInfoRequest request;
+    request.DisplayFilename = request.RomFilename = name;
+    request.DisplayPath = request.RomPath = TempPath() + '/';
+    request.SelRomIndex = 0;
     request.ExtractData = false;
     frmRomInfo dialog(games, prompts, request);
     const auto* label = dialog.findChild<QLabel*>("lblFilename");

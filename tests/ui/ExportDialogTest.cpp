@@ -126,7 +126,7 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     EXPECT_TRUE(ReadFile(page).startsWith("<html><head>\r\n"));
     EXPECT_TRUE(m_prompts.Asked().at(2).text.startsWith("Game List Exported!\r\n"));
     EXPECT_EQ(m_prompts.Asked().at(2).buttons, PromptButtons::YesNoCancel);
-    EXPECT_EQ(m_shell.CallsOf("ShellExecute"), QList<QStringList>{{TempPath("Out"), "", ""}});
+    EXPECT_EQ(m_shell.CallsOf("ShellExecute"), (QList<QStringList>{{TempPath("Out"), "", ""}}));
     EXPECT_EQ(Control<QLabel>("lblProgress")->text(), "Exporting Game List in HTML...");
     const auto* bar = Control<QProgressBar>("prgProgress");
     EXPECT_EQ(bar->value(), 2);
