@@ -26,7 +26,8 @@ QSize FirstInnerSize(int listLineHeight, int paneFrame) {
     const int height = std::max(pane.height() + 2 * Margin,
                                 ListTop + ListLines * listLineHeight + 2 * paneFrame + Margin);
     int width = pane.width() + ListMinimumWidth + 3 * Margin;
-    while (SnapshotPaneGeometry({width, height}).width() < pane.width())
+    while (SnapshotPaneGeometry({width, height}).width() < pane.width() ||
+           SnapshotPaneGeometry({width, height}).height() < pane.height())
         ++width;
     return {width, height};
 }

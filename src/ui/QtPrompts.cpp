@@ -83,7 +83,7 @@ QString StartFolder(const QString& path) {
         return QString();
     const QFileInfo info(path);
     if (info.isDir())
-        return info.absoluteFilePath();
+        return QDir::cleanPath(info.absoluteFilePath());
     return info.absoluteDir().exists() && path.contains(QLatin1Char('/')) ? info.absolutePath()
                                                                           : QString();
 }

@@ -203,7 +203,8 @@ TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
     list->scrollToBottom();
     ClickLine(list, last);
     const QString status = m_window->statusBar()->currentMessage();
-    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc")) << status.toStdString();
+    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc   |   Never played"))
+        << status.toStdString();
 
     // The file that found no place is named in the status bar.
     auto* report = Control<QLabel>("lblScanReport");
