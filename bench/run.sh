@@ -6,6 +6,8 @@
 #   export     lumbra-cli export of the whole stored list as the plain-text table
 #   window     lumbra from exec to its main window mapped on Xvfb, which it maps only
 #              once the game list is filled
+#   window+shot the same with a 4000x3000 snapshot for the first game shown, beside
+#              the window without it: the picture is decoded once the window is there
 #   detect     lumbra-cli emulators detect with no emulator installed (an empty home and
 #              PATH): every find rule of the catalogue tried, the result stored; beside
 #              the bare start of a C++ process, and under 200 ms
@@ -59,6 +61,8 @@ warm_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" list; }
 export_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" export --force "$work/gamelist.txt"; }
 scan_floor() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan" "$work/games"/*; }
 window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; }
+shot=
+window_shot() { use_store scanned && cp "$work/huge.png" "$shot" && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; rm -f "$shot"; }
 window_floor() { "$bin/lumbra-bench-mapwait" "Qt Floor" "$bin/lumbra-floor-window"; }
 cli_start() { "$bin/lumbra-bench-time" "$cli" --help; }
 mkdir "$work/nohome" "$work/nopath"
@@ -115,6 +119,12 @@ turns cold_scan cold_scan scan_floor
 turns warm_list warm_list scan_floor
 turns export export_list scan_floor
 turns window window window_floor
+use_store scanned
+first=$("$cli" list --json --group Ungrouped | head -n 1 | sed -n 's/.*"Filename":"\([^"]*\)".*/\1/p')
+shot="$XDG_DATA_HOME/Lumbra/snapshots/${first%.*}.png"
+mkdir -p "$XDG_DATA_HOME/Lumbra/snapshots"
+"$bin/lumbra-bench-picture" "$work/huge.png" 4000 3000
+turns window_shot window_shot window
 turns start cli_start floor_start
 turns detect detect floor_start
 turns cold_rebuild cold_rebuild floor_inside
@@ -126,6 +136,7 @@ report "cold scan" cold_scan 2.0 15
 report "warm list" warm_list 1.5 15
 report "export" export
 report "window" window 1.3
+report "window+shot" window_shot 1.1
 report "detect" detect "" "" 200
 echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, the floor with no"
 echo "folder), then the rebuild alone, timed inside lumbra-bench and inside the floor."

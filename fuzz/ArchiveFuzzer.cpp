@@ -29,7 +29,9 @@ public:
     std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
         return std::nullopt;
     }
-    std::optional<QString> BrowseForFolder(const QString&) override { return std::nullopt; }
+    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
+        return std::nullopt;
+    }
 
 private:
     int m_passwords = 0;

@@ -4,6 +4,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "catalogue/PlayStatistics.h"
 #include "rom/DecompressGame.h"
 
 RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
@@ -11,6 +12,7 @@ RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
     const QString folder = AddBackslash(game.Folder);
     RomInfoRequest request{game.Filename, folder,     game.Filename, folder,
                            game.Caption,  game.Group, index};
+    request.PlayStatistics = PlayStatisticsText(ReadPlayStatistics(state.Store, game));
     request.Zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
     if (!request.Zipped)
         return request;

@@ -7,6 +7,7 @@
 #include "catalogue/GameFolderCommands.h"
 #include "catalogue/GameListing.h"
 #include "catalogue/GroupViews.h"
+#include "catalogue/PlayStatistics.h"
 #include "cli/CliLog.h"
 #include "cli/CliPrompts.h"
 #include "cli/CliSupport.h"
@@ -167,14 +168,21 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
 int RunList(CliContext& context, const QStringList& arguments) {
     QStringList rest = arguments;
     const bool json = TakeFlag(rest, QStringLiteral("--json"));
-    const bool chosen =
-        rest.contains(QStringLiteral("--group")) || rest.contains(QStringLiteral("--filter"));
+    const bool chosen = rest.contains(QStringLiteral("--group")) ||
+                        rest.contains(QStringLiteral("--filter")) ||
+                        rest.contains(QStringLiteral("--sort"));
     QString group;
     if (!TakeOption(rest, QStringLiteral("--group"), group))
         return UsageError(context, QStringLiteral("--group needs a NAME"));
     QString typed;
     if (!TakeOption(rest, QStringLiteral("--filter"), typed))
         return UsageError(context, QStringLiteral("--filter needs WORDS"));
+    QString sortName;
+    PlayOrder order = PlayOrder::LastPlayed;
+    if (!TakeOption(rest, QStringLiteral("--sort"), sortName) ||
+        (!sortName.isNull() && !PlayOrderFromName(sortName, order)))
+        return UsageError(context,
+                          QStringLiteral("--sort takes last-played, play-count or play-time"));
     if (!rest.isEmpty())
         return UsageError(context, QStringLiteral("unexpected argument: ") + rest.first());
 
@@ -196,7 +204,10 @@ int RunList(CliContext& context, const QStringList& arguments) {
         context.Err << "lumbra-cli: there is no group named " << group << '\n';
         return ExitFailed;
     }
-    for (const GameLine& line : ListGames(state.Games, group, typed)) {
+    QList<GameLine> lines = ListGames(state.Games, group, typed);
+    if (!sortName.isNull())
+        SortByPlay(state.Store, state.Games, order, lines);
+    for (const GameLine& line : lines) {
         if (json)
             context.Out << JsonLine(RecordFields(state.Games.Records[line.Index])) << '\n';
         else

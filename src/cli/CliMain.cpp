@@ -19,12 +19,15 @@ Commands:
   info [--json] FILE...      the internal header of each game file and its caption;
                              for a zip, the header of the game inside ("game")
   list [--group NAME] [--filter WORDS] [--json]
+       [--sort last-played|play-count|play-time]
                              the captions the game list shows for a group (default:
                              the default group; "All Games" lists every game), in
                              its order; --filter keeps the games whose caption or
                              file name holds every word (case and accents aside);
-                             --json prints their records, or every record when
-                             neither --group nor --filter is given
+                             --sort puts the most recently played, most often or
+                             longest played first; --json prints their records,
+                             or every record when none of --group, --filter,
+                             --sort is given
   scan                       rescan the game folders and store the game list
   folders list               the game folders
   folders add|remove PATH    add or remove a game folder

@@ -6,6 +6,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
 #include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
@@ -178,6 +179,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
         for (EmulatorRecord& emulator : m_state.Emulators.Records)
             emulator.SnapshotFolder = emulator.SaveFolder;
 
+        const QElapsedTimer playClock = StartPlay(m_state.Store, game);
         if (gameLaunchFile) {
             Log(QStringLiteral("    Shell Using: ShellExecute (Win32 API)"));
             m_shell.ShellExecute(launchFile, QString(), QString());
@@ -222,6 +224,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
                     m_prompts.Message(launchFile + arguments);
                 m_shell.ShellAndWait(emulatorFolder + launchFile + arguments,
                                      QStringLiteral("ShellAndWait"));
+                EndPlay(m_state.Store, game, playClock);
                 wizard.SortForNewImages();
                 if (wizard.ImageCount() > 0) {
                     if (BitwiseAny(options.Snapshots_HideIfPicExists, AsFlag(wizard.PicExists()))) {

@@ -3,6 +3,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "platform/CommandLine.h"
+#include "platform/DocumentOpener.h"
 #include "platform/PathResolver.h"
 
 #include <QDir>
@@ -113,8 +114,9 @@ void RealShell::ShellExecute(const QString& file, const QString& parameters,
         const ParsedCommand command =
             CommandForFile(info.absoluteFilePath(), SplitArguments(parameters));
         QProcess::startDetached(command.Program, command.Arguments, folder);
-    } else if (m_openDocument) {
-        m_openDocument(info.absoluteFilePath());
+    } else if (!m_openDocument || !m_openDocument(info.absoluteFilePath())) {
+        m_prompts.Message(NoProgramToOpenMessage(info.absoluteFilePath()), PromptButtons::Ok,
+                          PromptIcon::Exclamation);
     }
 }
 
@@ -155,6 +157,6 @@ void RealShell::ShellDeleteFile(const QString& path) {
         QFile::moveToTrash(resolved);
 }
 
-std::optional<QString> RealShell::BrowseForFolder(const QString& title) {
-    return m_prompts.BrowseForFolder(title);
+std::optional<QString> RealShell::BrowseForFolder(const QString& title, const QString& folder) {
+    return m_prompts.BrowseForFolder(title, folder);
 }

@@ -32,7 +32,8 @@ public:
                       const QString& directory) override;
     void ShellCopyFile(const QString& source, const QString& target) override;
     void ShellDeleteFile(const QString& path) override;
-    std::optional<QString> BrowseForFolder(const QString& title) override;
+    std::optional<QString> BrowseForFolder(const QString& title,
+                                           const QString& folder = QString()) override;
 
     const ProcessRecord& ShelledProcess() const { return m_shelledProcess; }
 

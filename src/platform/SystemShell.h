@@ -33,6 +33,8 @@ public:
     // Moves a file to the desktop's trash after a yes/no question.
     virtual void ShellDeleteFile(const QString& path) = 0;
 
-    // The folder the player picks, or nothing when the browser is cancelled.
-    virtual std::optional<QString> BrowseForFolder(const QString& title) = 0;
+    // The folder the player picks, or nothing when the browser is cancelled. The
+    // browser opens at folder when that folder exists.
+    virtual std::optional<QString> BrowseForFolder(const QString& title,
+                                                   const QString& folder = QString()) = 0;
 };

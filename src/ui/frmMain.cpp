@@ -7,6 +7,7 @@
 #include "catalogue/AppState.h"
 #include "catalogue/GameFilter.h"
 #include "catalogue/GroupViews.h"
+#include "catalogue/PlayStatistics.h"
 #include "catalogue/ScanReport.h"
 #include "launch/Launcher.h"
 #include "platform/OsHelpers.h"
@@ -14,7 +15,10 @@
 #include "ui/BusyPointer.h"
 #include "ui/FindGameField.h"
 #include "ui/FirstRunHint.h"
+#include "ui/MainWindowLayout.h"
 #include "ui/RomMenu.h"
+#include "ui/ScreenFit.h"
+#include "ui/SnapshotPane.h"
 #include "ui/frmAbout.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmExportGameList.h"
@@ -25,11 +29,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPixmap>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <algorithm>
@@ -38,14 +44,11 @@ namespace {
 
 const QString Store = QStringLiteral("reg");
 const QString RomFoldersPage = QStringLiteral("ROM Folders");
-constexpr int SnapshotWidth = 256; // one SNES screen
-constexpr int SnapshotHeight = 224;
 // Longer captions (a hand-edited store can hold any length) are cut for display;
 // the line's whole caption stays in the shown lines.
 constexpr int ShownCaptionLength = 256;
-// The rows of the layout: the group selector, the filter, the game list.
-constexpr int FilterTop = 33;
-constexpr int ListTop = 61;
+using MainWindowLayout::FilterTop;
+using MainWindowLayout::ListTop;
 
 QString ShownCaption(const QString& caption) {
     return caption.size() > ShownCaptionLength ? caption.left(ShownCaptionLength) + QChar(0x2026)
@@ -92,11 +95,8 @@ void frmMain::CreateControls() {
     connect(m_lstGameList, &QListWidget::currentRowChanged, this, &frmMain::lstGameList_Click);
     connect(m_lstGameList, &QListWidget::itemDoubleClicked, this, &frmMain::lstGameList_DblClick);
 
-    m_picSnapshot = new QLabel(m_inner);
+    m_picSnapshot = new SnapshotPane(m_inner);
     m_picSnapshot->setObjectName(QStringLiteral("picSnapshot"));
-    m_picSnapshot->setFixedSize(SnapshotWidth, SnapshotHeight);
-    m_picSnapshot->setAlignment(Qt::AlignCenter);
-    m_picSnapshot->setFrameShape(QFrame::StyledPanel);
 
     m_stbStatusBar = new QStatusBar(this);
     m_stbStatusBar->setObjectName(QStringLiteral("stbStatusBar"));
@@ -127,7 +127,7 @@ void frmMain::CreateMenus() {
     connect(AddAction(exportMenu, QStringLiteral("Game &List"),
                       QStringLiteral("mnuOptions_Export_GameList")),
             &QAction::triggered, this,
-            [this] { frmExportGameList(m_state, m_prompts, this).exec(); });
+            [this] { frmExportGameList(m_state, m_prompts, m_shell, this).exec(); });
     options->addSeparator();
     connect(
         AddAction(options, QStringLiteral("&About Lumbra..."), QStringLiteral("mnuOptions_About")),
@@ -387,20 +387,13 @@ void frmMain::ShowSnapshot(const QString& fileName, const QString& snapshotFolde
 
 void frmMain::ShowNoSnapshot() {
     const QString& noSnapPic = m_state.Options.Snapshots_NoSnapPic;
-    if (noSnapPic.isEmpty() || !ShowPicture(GetShortPath(noSnapPic))) {
-        m_picSnapshot->clear();
-        m_picSnapshot->setText(QStringLiteral("No snapshot"));
-    }
+    if (noSnapPic.isEmpty() || !ShowPicture(GetShortPath(noSnapPic)))
+        m_picSnapshot->ShowText(QStringLiteral("No snapshot"));
 }
 
-// Fits the picture file into the snapshot pane; false when it cannot be read.
+// The picture file goes into the snapshot pane; false when it cannot be read.
 bool frmMain::ShowPicture(const QString& path) {
-    const QPixmap picture(path);
-    if (picture.isNull())
-        return false;
-    m_picSnapshot->setPixmap(
-        picture.scaled(m_picSnapshot->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    return true;
+    return m_picSnapshot->ShowPicture(path);
 }
 
 void frmMain::OpenSettings(const QString& page) {
@@ -422,6 +415,8 @@ void frmMain::UpdateStatusBar() {
     if (m_selectedGame >= 0 && m_lstGameList->currentItem()) {
         const GameRecord& game = m_state.Games.Records[m_selectedGame];
         text += QStringLiteral("   |   ") + game.Folder + game.Filename;
+        text +=
+            QStringLiteral("   |   ") + PlayStatisticsText(ReadPlayStatistics(m_state.Store, game));
     }
     m_stbStatusBar->showMessage(text);
 }
@@ -453,7 +448,7 @@ void frmMain::Form_Resize() {
         m_picSnapshot->hide();
     } else {
         m_picSnapshot->show();
-        m_picSnapshot->move(width - m_picSnapshot->width() - 5, 5);
+        m_picSnapshot->setGeometry(MainWindowLayout::SnapshotPaneGeometry({width, height}));
         listWidth = m_picSnapshot->x() - 10;
     }
     m_cboGroupList->setGeometry(5, 5, listWidth, m_cboGroupList->sizeHint().height());
@@ -476,12 +471,29 @@ void frmMain::ApplyPlacement() {
     // A damaged placement must not leave the window too small to find.
     if (placement.Width <= 0 || placement.Height <= 0)
         placement = WindowPlacement();
+    if (placement == WindowPlacement()) {
+        PlaceFirstWindow();
+        return;
+    }
     setGeometry(TwipsToPixels(placement.Left), TwipsToPixels(placement.Top),
                 TwipsToPixels(placement.Width), TwipsToPixels(placement.Height));
     if (placement.State == 1)
         setWindowState(Qt::WindowMinimized);
     else if (placement.State == 2)
         setWindowState(Qt::WindowMaximized);
+}
+
+// No placement is stored yet: a window with room for a snapshot at 2x and 20 lines
+// of the list, as much of it as the screen holds, in the middle of the screen.
+void frmMain::PlaceFirstWindow() {
+    const int lineHeight = QFontMetrics(m_lstGameList->font()).height() + 2;
+    const QSize inner = MainWindowLayout::FirstInnerSize(lineHeight, m_picSnapshot->frameWidth());
+    const int chrome = menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    QRect placed(QPoint(),
+                 QSize(inner.width(), inner.height() + chrome).boundedTo(RoomOnScreen(this)));
+    if (const QScreen* shown = screen())
+        placed.moveCenter(shown->availableGeometry().center());
+    setGeometry(placed);
 }
 
 // The state always; the normal placement only while the window is neither

@@ -12,6 +12,7 @@ class Launcher;
 class Prompts;
 class QComboBox;
 class QLabel;
+class SnapshotPane;
 class QListWidget;
 class QMenu;
 class QStatusBar;
@@ -98,6 +99,7 @@ private:
     // again, to quit without saving (true) or to keep the window open (false).
     bool SaveForClose();
     void ApplyPlacement();
+    void PlaceFirstWindow();
     void StorePlacement();
     int TwipsToPixels(int twips) const;
     int PixelsToTwips(int pixels) const;
@@ -125,7 +127,7 @@ private:
     QComboBox* m_cboGroupList = nullptr;
     FindGameField* m_txtFilter = nullptr;
     QListWidget* m_lstGameList = nullptr;
-    QLabel* m_picSnapshot = nullptr;
+    SnapshotPane* m_picSnapshot = nullptr;
     QStatusBar* m_stbStatusBar = nullptr;
     QLabel* m_lblScanReport = nullptr;
     FirstRunHint* m_firstRunHint = nullptr;

@@ -276,6 +276,16 @@ TEST_F(CliTest, ListFindsGamesAndListsAllGamesAsTheWindowDoes) {
     EXPECT_EQ(Run({"groups", "list"}).Out, "Ungrouped\nRPG\n");
     ASSERT_EQ(Run({"config", "set", "DefaultGroup", "All Games"}).ExitCode, 0);
     EXPECT_EQ(Run({"list"}).Out.count('\n'), 3);
+
+    // The games most recently, most often and longest played first.
+    const QString played = "Play Statistics\\" + TempPath("games/").toLower();
+    m_state.Store.Write(played, "pokemon.sfc", "2;2026-03-01T10:00:00Z;60");
+    m_state.Store.Write(played, "game10.smc", "7;2026-02-01T10:00:00Z;30");
+    m_state.Store.Sync();
+    EXPECT_EQ(Run({"list", "--sort", "last-played"}).Out, "Pokémon Stadium\nGame 10\ngame 2\n");
+    EXPECT_EQ(Run({"list", "--sort", "play-count"}).Out, "Game 10\nPokémon Stadium\ngame 2\n");
+    EXPECT_EQ(Run({"list", "--sort", "play-time", "--filter", "game"}).Out, "Game 10\ngame 2\n");
+    EXPECT_EQ(Run({"list", "--sort", "size"}).ExitCode, 2);
     EXPECT_EQ(Run({"config", "get", "ShowCommandLine"}).Out, "1\n");
 }
 

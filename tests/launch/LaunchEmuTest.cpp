@@ -1,5 +1,6 @@
 #include "launch/LaunchEmu.h"
 #include "catalogue/FolderScan.h"
+#include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
 #include "platform/OsHelpers.h"
 #include "platform/RealShell.h"
@@ -141,6 +142,32 @@ TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
     Game("super game.smc").Emulator = "Nlke";
     EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
     EXPECT_TRUE(m_prompts.AskedTexts().last().startsWith("No files were found to launch Nlke\r\n"));
+}
+
+TEST_F(LaunchEmuTest, EachPlayIsCountedAndAWaitedForPlayIsTimed) {
+    GameRecord& game = Game("super game.smc");
+    game.Emulator = "Snes9X";
+    m_state.Options.ShowCommandLine = 0;
+    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename,
+                        "4;2020-01-01T00:00:00Z;7200");
+    m_prompts.AnswerMessage(PromptAnswer::No); // "Use this snapshot for super game?"
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    PlayStatistics waited = ReadPlayStatistics(m_state.Store, game);
+    EXPECT_EQ(waited.PlayCount, 5);
+    EXPECT_GT(waited.LastPlayed, QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC));
+    EXPECT_GE(waited.PlaySeconds, 7200);
+
+    // Without waiting only the start counts; a game that cannot start does not.
+    m_state.Options.Snapshots_UseWizard = 0;
+    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename, "0;;0");
+    m_snes9x.Reset();
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+    game.Emulator = "Nlke"; // not set up
+    EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
+    const PlayStatistics started = ReadPlayStatistics(m_state.Store, game);
+    EXPECT_EQ(started.PlayCount, 1);
+    EXPECT_EQ(started.PlaySeconds, 0);
 }
 
 TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedWhenPlayEnds) {

@@ -1,5 +1,6 @@
 #include "platform/RealShell.h"
 #include "platform/CommandLine.h"
+#include "platform/DocumentOpener.h"
 #include "support/ScriptedPrompts.h"
 #include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"
@@ -95,6 +96,33 @@ TEST_F(RealShellTest, ShellExecuteStartsProgramsInTheFolderAndOpensDocuments) {
     m_shell.ShellExecute("snaps/mario.png", QString(), QString());
     m_shell.ShellExecute("missing.png", QString(), emulators);
     EXPECT_EQ(m_opened, QStringList{picture});
+    // The opener found no program for it, and the player is told so.
+    EXPECT_EQ(m_prompts.AskedTexts(), QStringList{"No program is set up to open PNG images."});
+}
+
+TEST_F(RealShellTest, NothingToOpenAFileIsNamedByItsType) {
+    EXPECT_EQ(NoProgramToOpenMessage(WriteFile("list.HTML")),
+              "No program is set up to open HTML files.");
+    EXPECT_EQ(NoProgramToOpenMessage(WriteFile("shot.jpeg")),
+              "No program is set up to open JPEG images.");
+    EXPECT_EQ(NoProgramToOpenMessage(MakeFolder("Exports")),
+              "No program is set up to open folders.");
+    EXPECT_EQ(NoProgramToOpenMessage(WriteFile("README")),
+              "No program is set up to open files without an extension.");
+
+    // The desktop's own answer, from a stand-in xdg-mime that knows only PNG images.
+    const QByteArray savedPath = qgetenv("PATH");
+    const QString tools = MakeFolder("tools");
+    WriteFile("tools/xdg-mime", "#!/bin/sh\n[ \"$3\" = image/png ] && echo viewer.desktop\n"
+                                "exit 0\n");
+    QFile::setPermissions(tools + "/xdg-mime",
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("PATH", QFile::encodeName(tools) + ':' + savedPath);
+    const bool png = HasProgramToOpen(WriteFile("a.png", "\x89PNG\r\n\x1a\n"));
+    const bool html = HasProgramToOpen(WriteFile("a.html", "<html></html>"));
+    qputenv("PATH", savedPath);
+    EXPECT_TRUE(png);
+    EXPECT_FALSE(html);
 }
 
 TEST_F(RealShellTest, CopyAsksBeforeReplacingAndReportsTheSystemsReason) {

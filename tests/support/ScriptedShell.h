@@ -53,8 +53,9 @@ public:
     void ShellDeleteFile(const QString& path) override {
         m_calls.append({"ShellDeleteFile", {path}});
     }
-    std::optional<QString> BrowseForFolder(const QString& title) override {
-        m_calls.append({"BrowseForFolder", {title}});
+    std::optional<QString> BrowseForFolder(const QString& title,
+                                           const QString& folder = QString()) override {
+        m_calls.append({"BrowseForFolder", {title, folder}});
         return m_folders.isEmpty() ? std::nullopt : m_folders.dequeue();
     }
 

@@ -3,6 +3,7 @@
 #include "support/WindowTest.h"
 
 #include <QComboBox>
+#include <QDateTime>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -37,6 +38,8 @@ protected:
             WriteFile("Games/" + games[i], "x");
             seed.Store.Write("Game List\\" + folder.toLower(), games[i], games[i + 1]);
         }
+        seed.Store.Write("Play Statistics\\" + folder.toLower(), "zelda.smc",
+                         "3;2026-11-20T10:05:00Z;5400");
         seed.Store.Sync();
         StartWindow();
         Activate();
@@ -148,6 +151,29 @@ TEST_F(FindGamesTest, TypingFindsGamesByEveryWordAndTheKeysLeadOn) {
     List()->setFocus();
     Press(Qt::Key_Escape);
     EXPECT_EQ(Filter()->text(), QString());
+}
+
+TEST_F(FindGamesTest, TheSelectedGamesPlayStatisticsShowBelowAndInItsInformation) {
+    Start();
+    const QString zelda = "Played 3 times, last on " +
+                          QDateTime(QDate(2026, 11, 20), QTime(10, 5), Qt::UTC)
+                              .toLocalTime()
+                              .toString("yyyy-MM-dd HH:mm") +
+                          ", for 1 h 30 min";
+    ClickLine(List(), static_cast<int>(Listed().indexOf("Zelda")));
+    EXPECT_TRUE(m_window->statusBar()->currentMessage().endsWith("zelda.smc   |   " + zelda))
+        << m_window->statusBar()->currentMessage().toStdString();
+    ClickLine(List(), static_cast<int>(Listed().indexOf("Super Mario Kart")));
+    EXPECT_TRUE(m_window->statusBar()->currentMessage().endsWith("   |   Never played"));
+
+    ClickLine(List(), static_cast<int>(Listed().indexOf("Zelda")));
+    QString shown;
+    RunWhenModal([&shown](QWidget* dialog) {
+        shown = dialog->findChild<QLabel*>("lblPlayStatistics")->text();
+        qobject_cast<QDialog*>(dialog)->reject();
+    });
+    Press(Qt::Key_I, Qt::ControlModifier);
+    EXPECT_EQ(shown, zelda);
 }
 
 TEST_F(FindGamesTest, TheGameMenusKeysActOnTheSelectedGame) {

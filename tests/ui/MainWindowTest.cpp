@@ -170,7 +170,18 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
     ChooseGroup("RPG");
     EXPECT_TRUE(picture->pixmap().isNull()); // Tetris has no snapshot
     QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_FALSE(picture->pixmap().isNull());
+    // Decoded once the event loop runs, at a whole step of its size that fits the pane.
+    ASSERT_TRUE(QTest::qWaitFor([picture] { return !picture->pixmap().isNull(); }, 60000));
+    const QSize shown = picture->pixmap().size();
+    EXPECT_EQ(shown.width() % 32, 0);
+    EXPECT_EQ(shown.width() * 28, shown.height() * 32); // its own shape
+    const QSize room = picture->contentsRect().size();
+    EXPECT_TRUE(shown.width() <= room.width() && shown.height() <= room.height());
+    EXPECT_TRUE(shown.width() + 32 > room.width() || shown.height() + 28 > room.height());
+
+    // A larger window gives the pane, and the picture, more room.
+    m_window->resize(m_window->size() + QSize(300, 300));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return picture->pixmap().width() > shown.width(); }, 60000));
 }
 
 TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
@@ -192,7 +203,8 @@ TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
     list->scrollToBottom();
     ClickLine(list, last);
     const QString status = m_window->statusBar()->currentMessage();
-    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc")) << status.toStdString();
+    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc   |   Never played"))
+        << status.toStdString();
 
     // The file that found no place is named in the status bar.
     auto* report = Control<QLabel>("lblScanReport");

@@ -193,11 +193,15 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
     EXPECT_EQ(zsnes.SaveFolder, "/picked/cmdemusavefolder_browse/");
     EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
     EXPECT_EQ(TextOf("txtSPCFolder"), "/picked/cmdspcfolder_browse/");
-    EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
-              QList<QStringList>(6, {"Please choose the folder where ZSnes resides:"}));
+    const QList<QStringList> browsed = m_shell.CallsOf("BrowseForFolder");
+    ASSERT_EQ(browsed.size(), 6);
+    for (const QStringList& call : browsed)
+        EXPECT_EQ(call.first(), "Please choose the folder where ZSnes resides:");
 
-    Click("cmdSnapshotFolder_Browse"); // cancelled
+    Click("cmdSnapshotFolder_Browse"); // cancelled; the browser started at the field's folder
     EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
+    EXPECT_EQ(m_shell.CallsOf("BrowseForFolder").last().last(),
+              "/picked/cmdsnapshotfolder_browse/");
 
     m_prompts.AnswerFile("/pics/No Shot.PNG").AnswerFile(std::nullopt);
     Click("cmdNoSnapPic_Pick");
@@ -205,6 +209,7 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
     EXPECT_EQ(m_state.Options.Snapshots_NoSnapPic, "/pics/No Shot.PNG");
     EXPECT_EQ(m_prompts.Asked().value(0).title, "Pick No Snapshot Image");
     EXPECT_EQ(m_prompts.Asked().value(0).filter, "Supported Image Types|*.bmp;*.jpg;*.png;*.gif");
+    EXPECT_EQ(m_prompts.Asked().value(1).proposed, "/pics/No Shot.PNG"); // opens at its folder
 }
 
 TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
@@ -231,8 +236,10 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
         Click("cmdClose");
     });
     QTest::mouseClick(addGameFolder, Qt::LeftButton);
+    const QString title = "Please choose a folder containing SNES games:";
     EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
-              QList<QStringList>(3, {"Please choose a folder containing SNES games:"}));
+              (QList<QStringList>{
+                  {title, ""}, {title, TempPath("Games/")}, {title, TempPath("Games/")}}));
     EXPECT_EQ(m_state.Games.Count(), 2);
     EXPECT_EQ(games->count(), 2);
     EXPECT_FALSE(addGameFolder->isVisible());
