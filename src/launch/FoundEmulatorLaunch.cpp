@@ -18,10 +18,13 @@ namespace {
 
 const QString Flush = QStringLiteral("flush");
 
-// The game's profile, else the emulator's default profile; empty when neither is set.
+// The game's profile, else (none, or "Default") the emulator's default profile; empty when neither
+// is set.
 QString OptionText(const SettingsStore& store, const FoundEmulator& emulator,
                    const QString& gameProfile) {
-    const QString profile = gameProfile.isEmpty() ? emulator.DefaultProfile : gameProfile;
+    const bool useDefault = gameProfile.isEmpty() ||
+                            gameProfile.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0;
+    const QString profile = useDefault ? emulator.DefaultProfile : gameProfile;
     return profile.isEmpty() ? QString() : TrimBlanks(ReadProfile(store, emulator.Name, profile));
 }
 

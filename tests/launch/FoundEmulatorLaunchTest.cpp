@@ -104,7 +104,6 @@ TEST_F(FoundEmulatorLaunchTest, WaitingPlayStartsItDirectlyThenOffersTheScreensh
     m_state.Options.DefaultEmulator = "retroarch (snes9x)";
     GameRecord& game = Game("super game.smc");
     game.Emulator = "Default";
-    m_prompts.AnswerMessage(PromptAnswer::Ok);  // the command line
     m_prompts.AnswerMessage(PromptAnswer::Yes); // "Use this snapshot for super game?"
 
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);

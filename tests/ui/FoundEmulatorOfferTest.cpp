@@ -1,3 +1,4 @@
+#include "app/Startup.h"
 #include "emulators/FoundEmulators.h"
 #include "support/StandInEmulator.h"
 #include "support/WindowTest.h"
@@ -35,8 +36,11 @@ TEST_F(FoundEmulatorOfferTest, AFirstRunOffersTheBestFoundEmulatorOnceAsTheDefau
 }
 
 TEST_F(FoundEmulatorOfferTest, NoQuestionWhenOneOfTheThreeIsSetUp) {
-    m_state.Store.Write("Emulators", "Snes9X", "/emus/snes9x/;;;");
-    m_state.Store.Write("Settings", "DefaultEmulator", "Snes9X");
+    AppState seed;
+    DefineEmulators(seed.Emulators, seed.Store);
+    seed.Options = DefaultSettings();
+    seed.Emulators.Records[1].Folder = "/emus/snes9x/";
+    SaveEverything(seed);
     StartWithMednafen();
     EXPECT_TRUE(m_prompts.Asked().isEmpty());
 }
