@@ -20,7 +20,9 @@
 # Last, the game filter keystroke by keystroke, in process: in the core
 # (lumbra-bench-filter, beside a substring scan over folded captions) and in the main
 # window (lumbra-bench-filter-window, beside a bare list widget refilled with the
-# same lines); the target is under 5 ms a keystroke.
+# same lines); the target is under 5 ms a keystroke. And a found emulator's launch,
+# from the request to the emulator's start, beside a bare fork and exec of the same
+# command (lumbra-bench-launch).
 set -eu
 build=${1:-build}
 runs=${BENCH_RUNS:-21}
@@ -147,6 +149,7 @@ report "warm rebuild" warm_rebuild
 "$bin/lumbra-bench-filter"
 use_store scanned
 "$bin/lumbra-bench-filter-window"
+"$bin/lumbra-bench-launch" "$runs"
 
 calls() { # file-system calls per game of one whole process
     strace -f -c -o "$work/strace" -e trace=%file,%desc "$@" >/dev/null

@@ -8,6 +8,7 @@
 #include "catalogue/AppState.h"
 #include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
+#include "emulators/FoundEmulatorTable.h"
 #include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
 #include "platform/SystemShell.h"
@@ -49,7 +50,36 @@ QString ProbeInFolder(const QString& folder, const QString& name) {
     return GetShortPath(AddBackslash(folder) + name);
 }
 
+// The game's own launch file beside it (.pif, then .bat, then .sh); empty when none.
+QString GameLaunchFile(const QString& base) {
+    for (const char* extension : {".pif", ".bat", ".sh"}) {
+        const QString launchFile = GetShortPath(base + QLatin1String(extension));
+        if (!launchFile.isEmpty())
+            return launchFile;
+    }
+    return QString();
+}
+
 } // namespace
+
+void EmulatorLauncher::ReportMissingGame(const QString& fileName) {
+    m_prompts.Message(
+        fileName + QStringLiteral("\r\nCan no longer be found!\r\n\r\n") +
+            QStringLiteral("Solution: If you are storing your ROMs on removable "
+                           "media ") +
+            QStringLiteral("insert the media and try again. Otherwise the file was ") +
+            QStringLiteral("deleted/moved/renamed while ") + AppTitle +
+            QStringLiteral(" was running, to correct the problem exit ") + AppTitle +
+            QStringLiteral(", then open it back up."),
+        PromptButtons::Ok, PromptIcon::Exclamation);
+}
+
+void EmulatorLauncher::ReportEmptyArchive() {
+    m_prompts.Message(QStringLiteral("No SNES game file was found in the requested file, ") +
+                          QStringLiteral("you may want to remove the file from the list "
+                                         "(Right-Click the file to bring up the menu)"),
+                      PromptButtons::Ok, PromptIcon::Exclamation);
+}
 
 EmulatorLauncher::EmulatorLauncher(AppState& state, Prompts& prompts, SystemShell& shell,
                                    SnapshotWizardView& wizardView)
@@ -71,6 +101,27 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
         const Settings& options = m_state.Options;
         Log(QStringLiteral("    Game Caption: ") + game.Caption);
         game.Folder = AddBackslash(game.Folder);
+
+        // An emulator Lumbra found is started directly with the game's real path, unless
+        // the game has its own launch file.
+        const QString chosenEmulator =
+            game.Emulator.isEmpty() || game.Emulator.toLower() == QLatin1String("default")
+                ? options.DefaultEmulator
+                : game.Emulator;
+        if (m_state.Emulators.FindEmulatorIndex(chosenEmulator) < 0) {
+            const FoundEmulatorTable table(m_state.Store, LoadEmulatorCatalogue());
+            const FoundEmulator* found = table.Find(chosenEmulator);
+            const int dot = InStrLast(game.Filename, QStringLiteral("."));
+            const bool ownLaunchFile =
+                options.RomBatchFileSupport == 1 && dot > 0 &&
+                game.Filename.right(3).toLower() != QLatin1String("zip") &&
+                !GameLaunchFile(game.Folder + game.Filename.left(dot - 1)).isEmpty();
+            if (found && !ownLaunchFile) {
+                const LaunchEnd end = LaunchFound(game, table, *found);
+                QDir::setCurrent(savedFolder);
+                return end;
+            }
+        }
 
         QString launchFolder;
         QString launchFileName;
@@ -100,32 +151,15 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             if (dot == 0)
                 throw RunTimeError{InvalidArgument,
                                    QStringLiteral("Invalid procedure call or argument")};
-            const QString base = launchFolder + launchFileName.left(dot - 1);
-            for (const char* extension : {".pif", ".bat", ".sh"}) {
-                launchFile = GetShortPath(base + QLatin1String(extension));
-                if (!launchFile.isEmpty())
-                    break;
-            }
+            launchFile = GameLaunchFile(launchFolder + launchFileName.left(dot - 1));
             gameLaunchFile = !launchFile.isEmpty();
         }
 
         if (launchFileName.isEmpty() && !gameLaunchFile) {
             if (zipped)
-                m_prompts.Message(
-                    QStringLiteral("No SNES game file was found in the requested file, ") +
-                        QStringLiteral("you may want to remove the file from the list "
-                                       "(Right-Click the file to bring up the menu)"),
-                    PromptButtons::Ok, PromptIcon::Exclamation);
+                ReportEmptyArchive();
             else
-                m_prompts.Message(
-                    game.ExtractedFile + QStringLiteral("\r\nCan no longer be found!\r\n\r\n") +
-                        QStringLiteral("Solution: If you are storing your ROMs on removable "
-                                       "media ") +
-                        QStringLiteral("insert the media and try again. Otherwise the file was ") +
-                        QStringLiteral("deleted/moved/renamed while ") + AppTitle +
-                        QStringLiteral(" was running, to correct the problem exit ") + AppTitle +
-                        QStringLiteral(", then open it back up."),
-                    PromptButtons::Ok, PromptIcon::Exclamation);
+                ReportMissingGame(game.ExtractedFile);
             Log(QStringLiteral("} EXIT LaunchEmu (Error, file not found)"));
             return LaunchEnd::GameNotFound;
         }

@@ -5,6 +5,7 @@
 #include "platform/CommandLine.h"
 #include "platform/DocumentOpener.h"
 #include "platform/PathResolver.h"
+#include "platform/WatchedProgram.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -53,6 +54,44 @@ std::filesystem::path FileSystemPath(const QString& path) {
 
 RealShell::RealShell(Prompts& prompts, DocumentOpener openDocument)
     : m_prompts(prompts), m_openDocument(std::move(openDocument)) {}
+
+RealShell::~RealShell() = default;
+
+ProgramEnd RealShell::RunProgram(const QString& program, const QStringList& arguments,
+                                 const QString& folder) {
+    WatchedProgram watched(program, arguments, folder);
+    if (!watched.Start())
+        return watched.End();
+    QProcess& process = watched.Process();
+    if (process.state() != QProcess::NotRunning) {
+        QEventLoop loop;
+        QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    return watched.End();
+}
+
+void RealShell::StartProgram(const QString& program, const QStringList& arguments,
+                             const QString& folder,
+                             std::function<void(const ProgramEnd&)> onEarlyFailure) {
+    std::erase_if(m_started, [](const std::unique_ptr<WatchedProgram>& started) {
+        return started->Process().state() == QProcess::NotRunning;
+    });
+    auto watched = std::make_unique<WatchedProgram>(program, arguments, folder);
+    if (!watched->Start()) {
+        if (onEarlyFailure)
+            onEarlyFailure(watched->End());
+        return;
+    }
+    WatchedProgram* started = watched.get();
+    QObject::connect(&started->Process(), &QProcess::finished, &started->Process(),
+                     [started, onEarlyFailure] {
+                         const ProgramEnd end = started->End();
+                         if (end.FailedEarly() && onEarlyFailure)
+                             onEarlyFailure(end);
+                     });
+    m_started.push_back(std::move(watched));
+}
 
 void RealShell::ShellAndWait(const QString& commandLine, const QString& mode) {
     const QString word = mode.toLower();

@@ -65,10 +65,14 @@ SaveStateMenu BuildSaveStateMenu(AppState& state, int gameIndex) {
         folder = AddBackslash(folder);
         const auto probe = [&](const QString& extension, SaveStateItem& item,
                                const QString& usedCaption) {
-            if (!resolver.Exists(folder + shortBase + extension) &&
-                !resolver.Exists(folder + longBase + extension))
-                return;
-            item = {usedCaption, true, folder + shortBase + extension};
+            // The tag names the file that is there: on this system a short base is
+            // often no file at all.
+            for (const QString& base : {shortBase, longBase}) {
+                if (resolver.Exists(folder + base + extension)) {
+                    item = {usedCaption, true, folder + base + extension};
+                    return;
+                }
+            }
         };
         probe(QStringLiteral(".srm"), menu[emulator].Sram, QStringLiteral("SRAM File"));
         for (int slot = 0; slot < SaveStateSlots(emulator); ++slot)

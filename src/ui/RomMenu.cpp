@@ -3,6 +3,7 @@
 #include "catalogue/AppState.h"
 #include "catalogue/GameCommands.h"
 #include "catalogue/GroupViews.h"
+#include "emulators/FoundEmulators.h"
 #include "snapshots/SnapshotCommands.h"
 #include "ui/BusyPointer.h"
 #include "ui/GameListView.h"
@@ -131,8 +132,19 @@ void RomMenu::PrepareLaunchUsing() {
     if (m_mnuLaunchUsing->actions().size() < EmulatorTable::Count) {
         for (const EmulatorRecord& emulator : m_state.Emulators.Records)
             m_mnuLaunchUsing->addAction(emulator.Name)->setCheckable(true);
-        m_mnuLaunchUsing->addSeparator();
+        m_mnuLaunchUsingBar = m_mnuLaunchUsing->addSeparator();
         m_mnuLaunchUsing->addAction(QStringLiteral("Default"))->setCheckable(true);
+    }
+    for (QAction* item : std::as_const(m_foundEmulatorItems)) {
+        m_mnuLaunchUsing->removeAction(item);
+        item->deleteLater();
+    }
+    m_foundEmulatorItems.clear();
+    for (const FoundEmulator& found : ReadFoundEmulators(m_state.Store)) {
+        auto* item = new QAction(found.Name, m_mnuLaunchUsing);
+        item->setCheckable(true);
+        m_mnuLaunchUsing->insertAction(m_mnuLaunchUsingBar, item);
+        m_foundEmulatorItems.append(item);
     }
     const QString& emulator = m_state.Games.Records[m_gameIndex].Emulator;
     for (QAction* item : m_mnuLaunchUsing->actions())

@@ -68,6 +68,8 @@ private:
     int m_gameIndex = -1;
     QMenu* m_mnuRomMenu = nullptr;
     QMenu* m_mnuLaunchUsing = nullptr;
+    QAction* m_mnuLaunchUsingBar = nullptr;
+    QList<QAction*> m_foundEmulatorItems; // after the three, as found when the menu opened
     QMenu* m_mnuProfile = nullptr;
     QAction* m_mnuProfileBar = nullptr;
     QList<QAction*> m_profileItems;

@@ -115,6 +115,9 @@ TEST_F(CliTest, InfoReadsTheGameInsideAZipAndLeavesTheUnzipFolderAlone) {
 }
 
 TEST_F(CliTest, CommandsThatWriteWaitForTheWindowToCloseAndNothingIsLost) {
+    // No start-up question about the emulators this machine may have.
+    m_state.Store.Write("Settings", "FoundEmulatorOffered", "0");
+    m_state.Store.Sync();
     ASSERT_EQ(Run({"groups", "add", "Before"}).ExitCode, 0);
     QProcess window;
     window.start(QStringLiteral(LUMBRA_GUI_PATH), QStringList());

@@ -47,6 +47,17 @@ public:
                       const QString& directory) override {
         m_calls.append({"ShellExecute", {file, parameters, directory}});
     }
+    ProgramEnd RunProgram(const QString& program, const QStringList& arguments,
+                          const QString& folder) override {
+        m_calls.append({"RunProgram", QStringList{program} + arguments + QStringList{folder}});
+        ProgramEnd end;
+        end.Started = true;
+        return end;
+    }
+    void StartProgram(const QString& program, const QStringList& arguments, const QString& folder,
+                      std::function<void(const ProgramEnd&)>) override {
+        m_calls.append({"StartProgram", QStringList{program} + arguments + QStringList{folder}});
+    }
     void ShellCopyFile(const QString& source, const QString& target) override {
         m_calls.append({"ShellCopyFile", {source, target}});
     }

@@ -1,5 +1,7 @@
 #include "app/Startup.h"
+#include "emulators/FoundEmulators.h"
 #include "support/SnesImageBuilder.h"
+#include "support/StandInEmulator.h"
 #include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 #include "ui/frmSettings.h"
@@ -262,6 +264,37 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
     EXPECT_TRUE(addGameFolder->isVisible());
     EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
     EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "1");
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(SettingsDialogTest, FindEmulatorsListsWhatItFoundForTheDefaultAndRemoveForgetsOne) {
+    SeedStore();
+    const QString bin = MakeFolder("bin");
+    WriteStandInScript(bin + "/mednafen", "exit 0");
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", bin.toLocal8Bit());
+    Open();
+    Click("cmdFindEmulators");
+    qputenv("PATH", path);
+    auto* list = Control<QListWidget>("lstFoundEmulators");
+    const QStringList found = ItemTexts(list);
+    ASSERT_TRUE(found.contains("Mednafen"));
+    ASSERT_TRUE(FindFoundEmulator(m_state.Store, "Mednafen"));
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen")->Program, bin + "/mednafen");
+
+    auto* defaultEmulator = Control<QComboBox>("cboDefaultEmulator");
+    EXPECT_EQ(defaultEmulator->itemText(3), found.first()); // after the three
+    PickFromList(defaultEmulator, "Mednafen");
+    EXPECT_EQ(m_state.Options.DefaultEmulator, "Mednafen");
+
+    ClickLine(list, static_cast<int>(found.indexOf("Mednafen")));
+    Click("cmdRemoveFoundEmulator");
+    EXPECT_FALSE(ItemTexts(list).contains("Mednafen"));
+    EXPECT_EQ(defaultEmulator->findText("Mednafen"), -1);
+    EXPECT_FALSE(FindFoundEmulator(m_state.Store, "Mednafen"));
 }
 
 } // namespace
