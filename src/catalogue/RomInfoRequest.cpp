@@ -6,6 +6,7 @@
 #include "catalogue/AppState.h"
 #include "catalogue/PlayStatistics.h"
 #include "rom/DecompressGame.h"
+#include "rom/GameImage.h"
 
 RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
     const GameRecord& game = state.Games.Records[index];
@@ -13,7 +14,7 @@ RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
     RomInfoRequest request{game.Filename, folder,     game.Filename, folder,
                            game.Caption,  game.Group, index};
     request.PlayStatistics = PlayStatisticsText(ReadPlayStatistics(state.Store, game));
-    request.Zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+    request.Zipped = IsZippedGame(game.Filename);
     if (!request.Zipped)
         return request;
     const PromptAnswer answer = prompts.Message(

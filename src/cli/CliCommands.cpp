@@ -14,11 +14,12 @@
 #include "cli/JsonLine.h"
 #include "config/StoreWriterLock.h"
 #include "platform/PathResolver.h"
-#include "rom/QzUnzipFiles.h"
+#include "rom/ArchivedGame.h"
+#include "rom/GameImage.h"
 #include "rom/RomCaption.h"
 #include "rom/RomInfo.h"
-#include "rom/ZippedGame.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -54,12 +55,19 @@ struct InfoLine {
 
 // The header comes from the zipped game when there is one; the caption is always the
 // file's own, as the game list shows it.
-QList<InfoLine> HeaderInfo(const QString& file, const ZippedGame* zipped, const AppState& state) {
+QList<InfoLine> HeaderInfo(const QString& file, const std::optional<ArchivedGame>& zipped,
+                           const AppState& state) {
     clsRomInfo info;
-    info.ReadROM(zipped ? zipped->GamePath() : file);
     QList<InfoLine> lines{{QStringLiteral("file"), QStringLiteral("File:      "), file}};
-    if (zipped)
-        lines.append({QStringLiteral("game"), QStringLiteral("Game:      "), zipped->GameName()});
+    if (zipped) {
+        QBuffer image;
+        image.setData(zipped->Bytes);
+        image.open(QIODevice::ReadOnly);
+        info.ReadROM(image);
+        lines.append({QStringLiteral("game"), QStringLiteral("Game:      "), zipped->Name});
+    } else {
+        info.ReadROM(file);
+    }
     for (const HeaderEntry& entry : HeaderEntries)
         lines.append(
             {QLatin1String(entry.Key), QLatin1String(entry.Label), info.GameData(entry.Field)});
@@ -136,19 +144,18 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
             exitCode = ExitFailed;
             continue;
         }
-        std::optional<ZippedGame> zipped;
-        if (ZippedGame::IsArchive(resolved)) {
-            CliPrompts prompts(context.Err);
-            zipped.emplace(resolved, prompts);
-            if (zipped->Result() != UnzipOk)
-                prompts.Message(file + QStringLiteral(": ") + zipped->Message());
-            if (zipped->GameName().isEmpty()) {
+        // A zip's game is read into memory: the unzip folder, whose game may be playing,
+        // is never touched.
+        std::optional<ArchivedGame> zipped;
+        if (IsZippedGame(resolved)) {
+            zipped = ReadArchivedGame(resolved, true);
+            if (!zipped) {
                 context.Err << "lumbra-cli: " << file << ": the archive holds no SNES game\n";
                 exitCode = ExitFailed;
                 continue;
             }
         }
-        const QList<InfoLine> lines = HeaderInfo(file, zipped ? &*zipped : nullptr, context.State);
+        const QList<InfoLine> lines = HeaderInfo(file, zipped, context.State);
         if (json) {
             QList<std::pair<QString, QString>> fields;
             for (const InfoLine& line : lines)

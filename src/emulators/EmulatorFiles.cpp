@@ -7,6 +7,7 @@
 #include "emulators/LibretroCores.h"
 #include "emulators/Placeholders.h"
 #include "rom/ArchivedGame.h"
+#include "rom/GameImage.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -21,7 +22,7 @@ class GameFacts {
 public:
     GameFacts(const CatalogueEntry& entry, const QString& gamePath)
         : m_path(gamePath), m_info(gamePath) {
-        m_zipped = m_info.suffix().compare(QLatin1String("zip"), Qt::CaseInsensitive) == 0;
+        m_zipped = IsZippedGame(gamePath);
         m_base = m_info.completeBaseName();
         if (m_zipped && entry.NamesFromInnerFile) {
             if (const std::optional<ArchivedGame> inner = ReadArchivedGame(m_path, false))

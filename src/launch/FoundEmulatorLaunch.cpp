@@ -4,12 +4,15 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
 #include "emulators/FoundEmulatorTable.h"
+#include "launch/PlayWizard.h"
 #include "platform/CommandLine.h"
 #include "platform/PathResolver.h"
 #include "platform/SystemShell.h"
 #include "rom/DecompressGame.h"
+#include "rom/GameImage.h"
 #include "snapshots/SnapshotWizard.h"
 
 #include <QFileInfo>
@@ -62,7 +65,7 @@ static void ReportEarlyFailure(Prompts& prompts, const QString& emulatorName,
 LaunchEnd EmulatorLauncher::LaunchFound(GameRecord& game, const FoundEmulatorTable& table,
                                         const FoundEmulator& emulator) {
     const QString realGame = PathResolver().Resolve(game.Folder + game.Filename);
-    const bool zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+    const bool zipped = IsZippedGame(game.Filename);
     if (realGame.isEmpty()) {
         ReportMissingGame(game.Filename);
         LogEvent(QStringLiteral("} EXIT LaunchEmu (Error, file not found)"));
@@ -106,53 +109,35 @@ LaunchEnd EmulatorLauncher::LaunchFound(GameRecord& game, const FoundEmulatorTab
 
     const Settings& options = m_state.Options;
     bool failed = false;
+    const QElapsedTimer playClock = StartPlay(m_state.Store, game);
     if (options.Snapshots_UseWizard != 1) {
         LogEvent(QStringLiteral("    Shell Using: ShellExecute (Win32 API)"));
         Prompts& prompts = m_prompts;
         m_shell.StartProgram(
             command->Program, command->Arguments, folder,
             [&prompts, name](const ProgramEnd& end) { ReportEarlyFailure(prompts, name, end); });
-        if (extracted) {
-            for (const QString& file : m_state.Unzip.UnzippedFiles) {
-                if (!file.isEmpty())
-                    m_state.Unzip.KeptForPlay.append(file);
-            }
-        }
+        if (extracted)
+            KeepExtractedFiles(m_state.Unzip);
     } else {
         SnapshotWizard wizard(m_state, m_prompts);
         wizard.SetRomFilename(game.Filename);
         const std::optional<EmulatorGameFiles> files = table.GameFiles(name, realGame);
-        if (files && !files->ScreenshotFolder.isEmpty() &&
-            ((~options.Snapshots_HideIfPicExists & ~(wizard.PicExists() ? -1 : 0)) & 0xFFFF)) {
-            wizard.SetAutoUseFirst(options.Snapshots_AutoUse1st != 0);
-            wizard.SetAutoRenameAll(options.Snapshots_AutoRenameAll != 0);
+        if (files && !files->ScreenshotFolder.isEmpty()) {
             const EmulatorGameFiles names = *files;
             wizard.SetImageFilter(
                 [names](const QString& image) { return names.IsScreenshot(image); });
-            wizard.SetFilePath(files->ScreenshotFolder);
-            LogEvent(QStringLiteral("    Snapshot Wizard Activated"));
+            ArmWizard(wizard, options, files->ScreenshotFolder);
         }
         LogEvent(QStringLiteral("    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"));
         if (options.ShowCommandLine != 0)
             m_prompts.Message(CommandText(*command));
         const ProgramEnd end = m_shell.RunProgram(command->Program, command->Arguments, folder);
+        EndPlay(m_state.Store, game, playClock);
         if (end.FailedEarly()) {
             failed = true;
             ReportEarlyFailure(m_prompts, name, end);
         }
-        wizard.SortForNewImages();
-        if (wizard.ImageCount() > 0) {
-            if ((options.Snapshots_HideIfPicExists & (wizard.PicExists() ? -1 : 0)) & 0xFFFF) {
-                LogEvent(QStringLiteral("    Snapshot Exists, Wizard Hidden"));
-            } else {
-                LogEvent(QStringLiteral("    Snapshot Wizard Displayed"));
-                m_wizardView.ShowModal(wizard);
-            }
-        } else {
-            LogEvent(QStringLiteral("    Snapshot Wizard Deacticated: No new images found."));
-        }
-        if (wizard.FirstPicUsed())
-            LogEvent(QStringLiteral("    Snapshot Wizard: Automatically Used First New Image"));
+        OfferNewImages(wizard, options, m_wizardView);
         if (extracted)
             DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
     }

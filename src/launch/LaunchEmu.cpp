@@ -9,10 +9,12 @@
 #include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
 #include "emulators/FoundEmulatorTable.h"
+#include "launch/PlayWizard.h"
 #include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
 #include "platform/SystemShell.h"
 #include "rom/DecompressGame.h"
+#include "rom/GameImage.h"
 #include "snapshots/SnapshotWizard.h"
 
 #include <QDir>
@@ -31,16 +33,6 @@ struct RunTimeError {
 
 void Log(const QString& line) {
     LogEvent(line);
-}
-
-// Switch settings are check-box states, but a hand-edited -1 (true) is honoured
-// in the bitwise tests, as the settings dialog's values 0 and 1 are.
-bool BitwiseAny(qint16 a, qint16 b) {
-    return static_cast<quint16>(a & b) != 0;
-}
-
-qint16 AsFlag(bool value) {
-    return value ? -1 : 0;
 }
 
 // The folder a program is looked for in: nothing when the emulator is not set up.
@@ -113,8 +105,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             const FoundEmulator* found = table.Find(chosenEmulator);
             const int dot = InStrLast(game.Filename, QStringLiteral("."));
             const bool ownLaunchFile =
-                options.RomBatchFileSupport == 1 && dot > 0 &&
-                game.Filename.right(3).toLower() != QLatin1String("zip") &&
+                options.RomBatchFileSupport == 1 && dot > 0 && !IsZippedGame(game.Filename) &&
                 !GameLaunchFile(game.Folder + game.Filename.left(dot - 1)).isEmpty();
             if (found && !ownLaunchFile) {
                 const LaunchEnd end = LaunchFound(game, table, *found);
@@ -125,7 +116,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
 
         QString launchFolder;
         QString launchFileName;
-        const bool zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+        const bool zipped = IsZippedGame(game.Filename);
         if (!zipped) {
             launchFolder = game.Folder;
             launchFileName = game.Filename;
@@ -240,12 +231,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             } else {
                 SnapshotWizard wizard(m_state, m_prompts);
                 wizard.SetRomFilename(game.Filename);
-                if (BitwiseAny(~options.Snapshots_HideIfPicExists, ~AsFlag(wizard.PicExists()))) {
-                    wizard.SetAutoUseFirst(options.Snapshots_AutoUse1st != 0);
-                    wizard.SetAutoRenameAll(options.Snapshots_AutoRenameAll != 0);
-                    wizard.SetFilePath(emulator.SnapshotFolder);
-                    Log(QStringLiteral("    Snapshot Wizard Activated"));
-                }
+                ArmWizard(wizard, options, emulator.SnapshotFolder);
                 if (!game.Profile.isEmpty()) {
                     const QString optionText = TrimBlanks(
                         ReadProfile(m_state.Store, QStringLiteral("Snes9X"), game.Profile));
@@ -259,28 +245,13 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
                 m_shell.ShellAndWait(emulatorFolder + launchFile + arguments,
                                      QStringLiteral("ShellAndWait"));
                 EndPlay(m_state.Store, game, playClock);
-                wizard.SortForNewImages();
-                if (wizard.ImageCount() > 0) {
-                    if (BitwiseAny(options.Snapshots_HideIfPicExists, AsFlag(wizard.PicExists()))) {
-                        Log(QStringLiteral("    Snapshot Exists, Wizard Hidden"));
-                    } else {
-                        Log(QStringLiteral("    Snapshot Wizard Displayed"));
-                        m_wizardView.ShowModal(wizard);
-                    }
-                } else {
-                    Log(QStringLiteral("    Snapshot Wizard Deacticated: No new images found."));
-                }
-                if (wizard.FirstPicUsed())
-                    Log(QStringLiteral("    Snapshot Wizard: Automatically Used First New Image"));
+                OfferNewImages(wizard, options, m_wizardView);
             }
         }
 
         const bool detached = gameLaunchFile || options.Snapshots_UseWizard != 1;
         if (zipped && detached) {
-            for (const QString& name : m_state.Unzip.UnzippedFiles) {
-                if (!name.isEmpty())
-                    m_state.Unzip.KeptForPlay.append(name);
-            }
+            KeepExtractedFiles(m_state.Unzip);
         } else if (zipped) {
             DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
         }

@@ -32,6 +32,13 @@ QString FirstGameImage(const UnzipState& unzipped) {
     return QString();
 }
 
+void KeepExtractedFiles(UnzipState& unzipState) {
+    for (const QString& name : unzipState.UnzippedFiles) {
+        if (!name.isEmpty())
+            unzipState.KeptForPlay.append(name);
+    }
+}
+
 void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder) {
     const QString folder = AddBackslash(unzipFolder);
     for (const QString& name : std::as_const(unzipState.KeptForPlay))

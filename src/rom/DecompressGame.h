@@ -10,6 +10,9 @@ struct UnzipState;
 // there is none (then nothing of the archive is left behind). With the word
 // "flush" (any letter case): deletes from the unzip folder every file that the last
 // extraction made, and returns an empty text.
+// Keeps the last extraction's files for a game started without waiting: the emulator
+// still reads them after the launch returns.
+void KeepExtractedFiles(UnzipState& unzipState);
 // Deletes the files kept for a game started without waiting (UnzipState::KeptForPlay).
 void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder);
 

@@ -13,3 +13,7 @@ bool IsGameImage(const QString& name) {
         return false;
     return GameExtensions.contains(name.mid(dot).toLower());
 }
+
+bool IsZippedGame(const QString& fileName) {
+    return fileName.right(3).compare(QLatin1String("zip"), Qt::CaseInsensitive) == 0;
+}

@@ -1,4 +1,5 @@
 #include "catalogue/FolderScan.h"
+#include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
 #include "emulators/FoundEmulators.h"
 #include "launch/LaunchEmu.h"
@@ -135,6 +136,7 @@ TEST_F(FoundEmulatorLaunchTest, WaitingPlayStartsItDirectlyThenOffersTheScreensh
               (QStringList{"-L", "/cores/snes9x_libretro.so", "-f", "--max-frames=2", m_game}));
     EXPECT_EQ(m_prompts.Asked().size(), asked);
     EXPECT_TRUE(m_player.Shown.isEmpty());
+    EXPECT_EQ(ReadPlayStatistics(m_state.Store, game).PlayCount, 2);
 }
 
 TEST_F(FoundEmulatorLaunchTest, AZipGoesAsItIsToAnEmulatorThatReadsZipsAndIsExtractedOtherwise) {
