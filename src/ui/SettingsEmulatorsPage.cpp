@@ -7,6 +7,7 @@
 #include "emulators/EmulatorDetection.h"
 #include "emulators/EmulatorEnvironment.h"
 #include "emulators/FoundEmulators.h"
+#include "ui/frmFoundEmulator.h"
 #include "ui/frmProfileEditor.h"
 
 #include <QComboBox>
@@ -61,20 +62,28 @@ SettingsEmulatorsPage::SettingsEmulatorsPage(SettingsContext& context)
     m_lstFoundEmulators->setObjectName(QStringLiteral("lstFoundEmulators"));
     m_lstFoundEmulators->setToolTip(
         QStringLiteral("The emulators found on this system, each with the command that starts it"));
-    grid->addWidget(m_lstFoundEmulators, 7, 0, 2, 2);
+    grid->addWidget(m_lstFoundEmulators, 7, 0, 3, 2);
     QPushButton* find =
         AddButton(QStringLiteral("cmdFindEmulators"), QStringLiteral("Find Emulators"));
     find->setToolTip(QStringLiteral("Look for RetroArch, Mednafen, snes9x-gtk, bsnes, ares and "
                                     "Mesen on this system"));
     connect(find, &QPushButton::clicked, this, &SettingsEmulatorsPage::cmdFindEmulators_Click);
     grid->addWidget(find, 7, 2);
+    QPushButton* edit =
+        AddButton(QStringLiteral("cmdEditFoundEmulator"), QStringLiteral("Edit..."));
+    edit->setToolTip(QStringLiteral("Change the selected found emulator's program, command, "
+                                    "default profile and folders"));
+    connect(edit, &QPushButton::clicked, this, &SettingsEmulatorsPage::cmdEditFoundEmulator_Click);
+    connect(m_lstFoundEmulators, &QListWidget::itemActivated, this,
+            &SettingsEmulatorsPage::cmdEditFoundEmulator_Click);
+    grid->addWidget(edit, 8, 2, Qt::AlignTop);
     QPushButton* remove =
         AddButton(QStringLiteral("cmdRemoveFoundEmulator"), QStringLiteral("Remove"));
     remove->setToolTip(QStringLiteral("Forget the selected found emulator"));
     connect(remove, &QPushButton::clicked, this,
             &SettingsEmulatorsPage::cmdRemoveFoundEmulator_Click);
-    grid->addWidget(remove, 8, 2, Qt::AlignTop);
-    grid->setRowStretch(8, 1);
+    grid->addWidget(remove, 9, 2, Qt::AlignTop);
+    grid->setRowStretch(9, 1);
 }
 
 void SettingsEmulatorsPage::Fill() {
@@ -119,12 +128,16 @@ void SettingsEmulatorsPage::cmdEmuSettings_Click() {
 
 void SettingsEmulatorsPage::ShowFoundEmulators() {
     const QList<FoundEmulator> found = ReadFoundEmulators(m_context.State.Store);
+    const QListWidgetItem* selected = m_lstFoundEmulators->currentItem();
+    const QString selectedName = selected ? selected->text() : QString();
     m_lstFoundEmulators->clear();
     while (m_cboDefaultEmulator->count() > EmulatorTable::Count)
         m_cboDefaultEmulator->removeItem(EmulatorTable::Count);
     for (const FoundEmulator& emulator : found) {
         auto* item = new QListWidgetItem(emulator.Name, m_lstFoundEmulators);
         item->setToolTip(CommandPreview(emulator));
+        if (emulator.Name == selectedName)
+            m_lstFoundEmulators->setCurrentItem(item);
         m_cboDefaultEmulator->addItem(emulator.Name);
     }
     m_cboDefaultEmulator->setCurrentIndex(m_cboDefaultEmulator->findText(
@@ -138,6 +151,13 @@ void SettingsEmulatorsPage::cmdFindEmulators_Click() {
     if (stored.Found.isEmpty())
         m_context.UserPrompts.Message(QStringLiteral("No emulator was found on this system."),
                                       PromptButtons::Ok, PromptIcon::Information);
+}
+
+void SettingsEmulatorsPage::cmdEditFoundEmulator_Click() {
+    const QListWidgetItem* item = m_lstFoundEmulators->currentItem();
+    if (item && frmFoundEmulator::Edit(m_context.State.Store, m_context.UserPrompts,
+                                       m_context.Shell, item->text(), this))
+        ShowFoundEmulators();
 }
 
 void SettingsEmulatorsPage::cmdRemoveFoundEmulator_Click() {

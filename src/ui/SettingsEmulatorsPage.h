@@ -10,7 +10,7 @@ struct EmulatorRecord;
 
 // "Emulators": each emulator's folders and default profile, and the default emulator;
 // below, the emulators Lumbra finds on the system ("Find Emulators"), which can be
-// removed, and which the "Default:" selector offers after the three.
+// edited or removed, and which the "Default:" selector offers after the three.
 class SettingsEmulatorsPage final : public SettingsPage {
     Q_OBJECT
 public:
@@ -24,6 +24,7 @@ private:
     void cboEmulator_Click();
     void cmdEmuSettings_Click();
     void cmdFindEmulators_Click();
+    void cmdEditFoundEmulator_Click();
     void cmdRemoveFoundEmulator_Click();
     // The found emulators in the list and in the "Default:" selector.
     void ShowFoundEmulators();
