@@ -6,9 +6,6 @@
 
 #include <QFile>
 #include <QImage>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
 
 namespace {
 
