@@ -187,6 +187,7 @@ TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes)
     EXPECT_EQ(m_prompts.Asked()[0].text,
               "The file you are requesting information for is compressed.\r\nDo you want to "
               "decompress it and retrieve the additional internal data?");
+    EXPECT_EQ(m_prompts.Asked()[0].icon, PromptIcon::Question);
     EXPECT_TRUE(LogText().contains("\r\nDecompressed: " + TempPath("games/pack.zip").toLower()));
 
     WithGameInfo([](QDialog* dialog) { // "No": the narrow dialog (3720 twips) without the header

@@ -123,6 +123,7 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
 
     m_state.Options.Snapshots_Show = 1;
     m_window->Form_Resize();
+    EXPECT_TRUE(picture->isVisible());
     m_state.Options.SnapshotFolder = MakeFolder("Shots");
     ASSERT_TRUE(QImage(32, 28, QImage::Format_RGB32).save(TempPath("Shots/zelda.bmp")));
     ChooseGroup("RPG");

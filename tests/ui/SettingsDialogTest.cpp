@@ -71,12 +71,13 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesIt
     EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmSettings ===\r\nAdding groups to "
                          "cboDefaultGroup...Done.");
 
-    // "Gone" is gone: "Ungrouped"; "All Games" is offered first.
+    // "Gone" is gone: "Ungrouped"; Lumbra may start on "All Games".
     EXPECT_EQ(Control<QComboBox>("cboEmulator")->currentText() + "|" +
                   Control<QComboBox>("cboDefaultEmulator")->currentText() + "|" +
-                  Control<QComboBox>("cboDefaultGroup")->currentText() + "|" +
-                  Control<QComboBox>("cboDefaultGroup")->itemText(0),
-              "Snes9X|Snes9X|Ungrouped|All Games");
+                  Control<QComboBox>("cboDefaultGroup")->currentText(),
+              "Snes9X|Snes9X|Ungrouped");
+    EXPECT_EQ(ItemTexts(Control<QComboBox>("cboDefaultGroup")),
+              (QStringList{"All Games", "Ungrouped", "RPG"}));
     EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")), QStringList{TempPath("Games/")});
     QStringList shown;
     for (const char* name :
