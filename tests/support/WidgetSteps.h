@@ -1,13 +1,38 @@
 #pragma once
 
+// The widgets the window tests drive, included once for them all.
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
 #include <QStringList>
 #include <QTest>
 #include <QTimer>
 #include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+
+// The window's control by name; the running test fails when there is none.
+template <typename T = QWidget> T* ControlIn(const QWidget* window, const QString& name) {
+    T* control = window->findChild<T*>(name);
+    EXPECT_NE(control, nullptr) << name.toStdString();
+    return control;
+}
+
+// A click on the window's control by name.
+inline void ClickOn(const QWidget* window, const QString& name) {
+    QTest::mouseClick(ControlIn(window, name), Qt::LeftButton);
+}
 
 // Picks the entry from the selector's drop-down list, as a player would.
 inline void PickFromList(QComboBox* box, const QString& entry) {
@@ -25,6 +50,20 @@ inline QStringList ItemTexts(const QListWidget* list) {
     return texts;
 }
 
+// The selector's entries, top to bottom.
+inline QStringList ItemTexts(const QComboBox* box) {
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i)
+        texts << box->itemText(i);
+    return texts;
+}
+
+// Shows the window and waits until it is on screen.
+inline bool ShownOnScreen(QWidget* window) {
+    window->show();
+    return QTest::qWaitForWindowExposed(window);
+}
+
 // A click on the list's line at row.
 inline void ClickLine(QListWidget* list, int row, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(list->viewport(), button, {}, list->visualItemRect(list->item(row)).center());
@@ -39,4 +78,15 @@ inline void RunWhenModal(const std::function<void(QWidget*)>& steps) {
         else
             RunWhenModal(steps);
     });
+}
+
+// The menu's visible entries, a checked one marked with '*'; with enabledOnly, only
+// the entries that can be chosen.
+inline QStringList MenuEntries(const QMenu* menu, bool enabledOnly = false) {
+    QStringList captions;
+    for (const QAction* item : menu->actions()) {
+        if (item->isVisible() && !item->isSeparator() && (item->isEnabled() || !enabledOnly))
+            captions << item->text() + (item->isChecked() ? "*" : "");
+    }
+    return captions;
 }

@@ -4,12 +4,11 @@
 #include "support/ScriptedPrompts.h"
 #include "support/ScriptedShell.h"
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/StartLumbra.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmMain.h"
 
-#include <QList>
-#include <QTest>
 #include <memory>
 
 // Records the games the window asks to start and starts nothing.
@@ -40,6 +39,34 @@ protected:
     template <typename T> T* Control(const QString& name) const {
         return m_window->findChild<T*>(name);
     }
+
+    // Stores the game folder (under the temporary folder) as a last run left it: each
+    // game's file written and its stored line ("caption;group[;...]"), the groups and
+    // the group Lumbra starts on. Returns the folder's path with its trailing '/'.
+    using Games = QList<std::pair<QString, QString>>;
+    QString SeedGames(const QString& folderName, const Games& games, const QString& defaultGroup,
+                      const QStringList& groups = {"RPG", "Action"});
+
+    // Runs the steps with only a stand-in "mednafen" on the search path; returns its folder.
+    QString WithMednafenOnPath(const std::function<void()>& steps);
+
+    QListWidget* List() const { return Control<QListWidget>("lstGameList"); }
+    QString Status() const { return m_window->statusBar()->currentMessage(); }
+    QStringList Listed() const;
+    // The selected game's caption; empty when none is.
+    QString Selected() const;
+    // The game's index in the catalogue, by its caption.
+    int Game(const QString& caption) const { return m_state.Games.FindGame("title", caption); }
+    void ChooseGroup(const QString& group);
+    // Keys to whichever control has the keyboard focus, as a player would type them.
+    static void Type(const QString& text);
+    static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    // Opens the game menu with the context-menu key and chooses an enabled entry by its
+    // name, or a group of "Send To Group..." by the group.
+    void ChooseFromGameMenu(const QString& entry);
+    // Runs the steps in the dialog that open() brings up, and closes it when they did not.
+    static void InDialog(const std::function<void()>& open,
+                         const std::function<void(QDialog*)>& steps);
 
     bool m_offerFoundEmulators = false;
     ScriptedPrompts m_prompts;

@@ -1,12 +1,10 @@
 #include "support/ScriptedPrompts.h"
 #include "support/ScriptedShell.h"
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/frmAbout.h"
 
 #include <QFile>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 
 namespace {
 

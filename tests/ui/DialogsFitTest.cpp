@@ -1,6 +1,5 @@
 #include "catalogue/RomInfoRequest.h"
 #include "snapshots/SnapshotWizard.h"
-#include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 #include "ui/MainWindowLayout.h"
 #include "ui/SnapshotPane.h"
@@ -10,11 +9,8 @@
 #include "ui/frmSnapshotWizard.h"
 
 #include <QAction>
-#include <QDialog>
 #include <QFontMetrics>
-#include <QLabel>
 #include <QLayout>
-#include <QListWidget>
 #include <QScrollArea>
 
 namespace {
@@ -33,38 +29,20 @@ QSize SmallestSize(const QWidget* window) {
     return smallest;
 }
 
-class DialogsFitTest : public WindowTest {
-protected:
-    void Start() {
-        const QString folder = MakeFolder("Games") + '/';
-        WriteFile("Games/zelda.smc", "x");
-        m_state.Store.Write("Folders\\Game Folders", "00", folder);
-        m_state.Store.Write("Settings", "DefaultGroup", "All Games");
-        m_state.Store.Sync();
-        StartWindow();
-    }
-    // Opens a dialog through the main window's menu entry and measures it.
-    QSize SmallestOf(const QString& entry) {
-        QSize smallest;
-        RunWhenModal([&smallest](QWidget* dialog) {
-            smallest = SmallestSize(dialog);
-            qobject_cast<QDialog*>(dialog)->reject();
-        });
-        Control<QAction>(entry)->trigger();
-        return smallest;
-    }
-};
+using DialogsFitTest = WindowTest;
 
 TEST_F(DialogsFitTest, EveryDialogFitsASmallScreen) {
-    Start();
-    Control<QListWidget>("lstGameList")->setCurrentRow(0);
+    SeedGames("Games", {{"zelda.smc", "Zelda;Ungrouped"}}, "All Games");
+    StartWindow();
+    List()->setCurrentRow(0);
     for (const char* entry :
          {"mnuOptions_GroupManager", "mnuOptions_Settings", "mnuOptions_Export_GameList",
           "mnuOptions_About", "mnuRomMenu_GameInfo"}) {
-        const QSize smallest = SmallestOf(entry);
+        QSize smallest; // of the dialog opened through the main window's menu entry
+        InDialog([&] { Control<QAction>(entry)->trigger(); },
+                 [&smallest](QDialog* dialog) { smallest = SmallestSize(dialog); });
         EXPECT_FALSE(smallest.isEmpty()) << entry;
-        EXPECT_LE(smallest.width(), SmallScreen.width()) << entry;
-        EXPECT_LE(smallest.height(), SmallScreen.height()) << entry;
+        EXPECT_EQ(smallest.boundedTo(SmallScreen), smallest) << entry;
     }
 
     ScriptedPrompts prompts;
@@ -76,21 +54,15 @@ TEST_F(DialogsFitTest, EveryDialogFitsASmallScreen) {
     for (const QWidget* window : std::initializer_list<const QWidget*>{
              &editor, &wizardWindow, frmEventLog::Instance(), m_window.get()}) {
         const QSize smallest = SmallestSize(window);
-        EXPECT_LE(smallest.width(), SmallScreen.width()) << window->objectName().toStdString();
-        EXPECT_LE(smallest.height(), SmallScreen.height()) << window->objectName().toStdString();
+        EXPECT_EQ(smallest.boundedTo(SmallScreen), smallest) << window->objectName().toStdString();
     }
-
     // The export dialog's choices scroll when the screen is too small for them.
-    RunWhenModal([](QWidget* dialog) {
-        EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr);
-        qobject_cast<QDialog*>(dialog)->reject();
-    });
-    Control<QAction>("mnuOptions_Export_GameList")->trigger();
+    InDialog([this] { Control<QAction>("mnuOptions_Export_GameList")->trigger(); },
+             [](QDialog* dialog) { EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr); });
 }
 
 TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
     const QString name = QString(50, 'a') + "_zzzzz.smc"; // 60 characters
-    ASSERT_EQ(name.size(), 60);
     GameList games;
     ScriptedPrompts prompts;
     RomInfoRequest request;
@@ -101,9 +73,9 @@ TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
     frmRomInfo dialog(games, prompts, request);
     const auto* label = dialog.findChild<QLabel*>("lblFilename");
     EXPECT_EQ(label->toolTip(), name);
-    EXPECT_TRUE(label->text().startsWith("Filename: aaa"));
-    EXPECT_TRUE(label->text().endsWith("zz.smc")) << label->text().toStdString();
-    EXPECT_TRUE(label->text().contains(QChar(0x2026)));
+    EXPECT_TRUE(label->text().startsWith("Filename: aaa") && label->text().endsWith("zz.smc") &&
+                label->text().contains(QChar(0x2026)))
+        << label->text().toStdString();
     EXPECT_LE(QFontMetrics(label->font()).horizontalAdvance(label->text()),
               dialog.findChild<QWidget*>("fraGeneral")->width());
 }
@@ -126,9 +98,8 @@ TEST(MainWindowLayoutTest, PicturesScaleByWholeStepsAndShrinkSmoothly) {
     EXPECT_TRUE(FitPicture({256, 224}, {800, 700}).Sharp);
     EXPECT_EQ(FitPicture({256, 224}, {767, 700}).Size, QSize(512, 448)); // 3x no longer fits
     EXPECT_EQ(FitPicture({256, 224}, {256, 224}).Size, QSize(256, 224));
-    const PictureFit big = FitPicture({4000, 3000}, {512, 448});
-    EXPECT_FALSE(big.Sharp);
-    EXPECT_EQ(big.Size, QSize(512, 384)); // its own shape
+    EXPECT_FALSE(FitPicture({4000, 3000}, {512, 448}).Sharp);
+    EXPECT_EQ(FitPicture({4000, 3000}, {512, 448}).Size, QSize(512, 384)); // its own shape
     EXPECT_EQ(SnapshotPane::SizeWithin({1000, 448}), QSize(512, 448));
     EXPECT_EQ(SnapshotPane::SizeWithin({512, 1000}), QSize(512, 448));
 }

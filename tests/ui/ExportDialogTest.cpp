@@ -5,17 +5,7 @@
 #include "support/WidgetSteps.h"
 #include "ui/frmExportGameList.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QStyleOptionButton>
-#include <QTest>
-#include <memory>
 
 namespace {
 
@@ -25,26 +15,14 @@ class ExportDialogTest : public LumbraTest {
 protected:
     void Open() {
         m_dialog = std::make_unique<frmExportGameList>(m_state, m_prompts, m_shell);
-        m_dialog->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_dialog.get()));
+        ASSERT_TRUE(ShownOnScreen(m_dialog.get()));
     }
     template <typename T = QWidget> T* Control(const QString& name) const {
-        T* control = m_dialog->findChild<T*>(name);
-        EXPECT_NE(control, nullptr) << name.toStdString();
-        return control;
+        return ControlIn<T>(m_dialog.get(), name);
     }
     QComboBox* Box(const QString& name) const { return Control<QComboBox>(name); }
-    void Click(const QString& name) { QTest::mouseClick(Control(name), Qt::LeftButton); }
-    // On the option's round indicator, wherever the layout stretches the button.
-    void Choose(const QString& name) {
-        auto* option = Control<QRadioButton>(name);
-        QStyleOptionButton style;
-        style.initFrom(option);
-        QTest::mouseClick(option, Qt::LeftButton, {},
-                          option->style()
-                              ->subElementRect(QStyle::SE_RadioButtonIndicator, &style, option)
-                              .center());
-    }
+    void Click(const QString& name) { ClickOn(m_dialog.get(), name); }
+    void Choose(const QString& name) { QTest::keyClick(Control(name), Qt::Key_Space); }
     static QString Stored(const QString& key) { return SettingsStore().Read(Section, key); }
 
     ScriptedPrompts m_prompts;
@@ -64,19 +42,19 @@ TEST_F(ExportDialogTest, OpensWithTheStoredChoicesAndKeepsThemOnClosing) {
     for (const auto& [key, value] : stored)
         m_state.Store.Write(Section, key, value);
     Open();
-    EXPECT_TRUE(Control<QRadioButton>("optExportMethod_2")->isChecked());
-    EXPECT_EQ(Box("cboGroups")->currentText(), "Action");
-    EXPECT_EQ(Box("cboGameFolders")->currentText(), AddBackslash(TempPath("snes"))); // 7: none
-    EXPECT_EQ(Box("cboFilePatterns")->currentText(), "*.zip");
+    EXPECT_TRUE(Control<QRadioButton>("optExportMethod_2")->isChecked() &&
+                Control<QRadioButton>("optFileFormat_1")->isChecked());
+    // The folder stored as 7 is no more: the first one.
+    EXPECT_EQ(Box("cboGroups")->currentText() + '|' + Box("cboGameFolders")->currentText() + '|' +
+                  Box("cboFilePatterns")->currentText() + '|' +
+                  Box("cboWriteOrder_0")->currentText(),
+              "Action|" + AddBackslash(TempPath("snes")) + "|*.zip|Folder");
     EXPECT_TRUE(Box("cboGroups")->isEnabled());
     EXPECT_FALSE(Box("cboGameFolders")->isEnabled() || Box("cboFilePatterns")->isEnabled());
-    EXPECT_EQ(Box("cboWriteOrder_0")->currentText(), "Folder");
     EXPECT_FALSE(Control<QCheckBox>("chkWriteOrder_1")->isChecked());
-    EXPECT_TRUE(Control<QRadioButton>("optFileFormat_1")->isChecked());
 
     // "Group" chosen in the first box: the box that showed it takes "Folder".
     PickFromList(Box("cboWriteOrder_0"), "Group");
-    EXPECT_EQ(Box("cboWriteOrder_0")->currentText(), "Group");
     EXPECT_EQ(Box("cboWriteOrder_1")->currentText(), "Folder");
 
     Choose("optExportMethod_3");
@@ -87,26 +65,22 @@ TEST_F(ExportDialogTest, OpensWithTheStoredChoicesAndKeepsThemOnClosing) {
     QTest::keyClicks(pattern, "mario*");
     QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
     EXPECT_FALSE(m_dialog->isVisible());
-    EXPECT_EQ(Stored("optExportMethod") + Stored("cboGroups") + Stored("cboGameFolders"), "320");
-    EXPECT_EQ(Stored("File Pattern 01") + Stored("File Pattern 02"), "*.zipmario*");
-    EXPECT_EQ(Stored("cboFilePatterns"), "2"); // the typed pattern is the choice
-    EXPECT_EQ(Stored("cboWriteOrder0") + Stored("cboWriteOrder1") + Stored("cboWriteOrder5"),
-              "150");
-    EXPECT_EQ(Stored("chkWriteOrder0") + Stored("chkWriteOrder1"), "10");
-    EXPECT_EQ(Stored("optFileFormat"), "1");
+    // The typed pattern is added and is the choice.
+    QStringList kept;
+    for (const char* key :
+         {"optExportMethod", "cboGroups", "cboGameFolders", "File Pattern 01", "File Pattern 02",
+          "cboFilePatterns", "cboWriteOrder0", "cboWriteOrder1", "cboWriteOrder5", "chkWriteOrder0",
+          "chkWriteOrder1", "optFileFormat"})
+        kept << Stored(key);
+    EXPECT_EQ(kept.join(' '), "3 2 0 *.zip mario* 2 1 5 0 1 0 1");
 }
 
 TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     WriteFile("Games/Mario.smc", QByteArray(2048, 'm'));
     WriteFile("Games/Zelda.sfc", QByteArray(1023, 'z'));
-    const QStringList games = {"Mario", "mario.smc", "Zelda", "zelda.sfc"};
-    for (int i = 0; i < 2; ++i) {
-        GameRecord& game = m_state.Games.Records[i];
-        game.Caption = games[2 * i];
-        game.Filename = games[2 * i + 1];
-        game.Folder = TempPath("Games/").toLower();
-        game.Group = "Ungrouped";
-    }
+    const QString folder = TempPath("Games/").toLower();
+    m_state.Games.Records[0] = {"Mario", "mario.smc", {}, {}, folder, {}, "Ungrouped", {}, {}};
+    m_state.Games.Records[1] = {"Zelda", "zelda.sfc", {}, {}, folder, {}, "Ungrouped", {}, {}};
     m_state.Options.ExportFolder = MakeFolder("Out");
     const QString page = TempPath("Out/list.htm");
     const QString old = WriteFile("Out/old.txt", "the old list\r\n");
@@ -120,17 +94,15 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     ASSERT_EQ(m_prompts.Asked().size(), 3);
     const ScriptedPrompts::Question save = m_prompts.Asked().at(1);
     EXPECT_EQ(save.kind, ScriptedPrompts::Kind::SaveFile);
-    EXPECT_EQ(save.title, "Export Game List");
-    EXPECT_EQ(save.filter, "HTML (*.html;*.htm)|*.html;*.htm|All Files (*.*)|*.*");
-    EXPECT_EQ(save.proposed, AddBackslash(TempPath("Out")) + "gamelist");
+    EXPECT_EQ(save.title + ": " + save.filter + " at " + save.proposed,
+              "Export Game List: HTML (*.html;*.htm)|*.html;*.htm|All Files (*.*)|*.* at " +
+                  AddBackslash(TempPath("Out")) + "gamelist");
     EXPECT_TRUE(ReadFile(page).startsWith("<html><head>\r\n"));
     EXPECT_TRUE(m_prompts.Asked().at(2).text.startsWith("Game List Exported!\r\n"));
     EXPECT_EQ(m_prompts.Asked().at(2).buttons, PromptButtons::YesNoCancel);
     EXPECT_EQ(m_shell.CallsOf("ShellExecute"), (QList<QStringList>{{TempPath("Out"), "", ""}}));
     EXPECT_EQ(Control<QLabel>("lblProgress")->text(), "Exporting Game List in HTML...");
-    const auto* bar = Control<QProgressBar>("prgProgress");
-    EXPECT_EQ(bar->value(), 2);
-    EXPECT_EQ(bar->maximum(), 2);
+    EXPECT_EQ(Control<QProgressBar>("prgProgress")->value(), 2); // of 2
 
     Choose("optFileFormat_0");
     m_prompts.AnswerFile(old).AnswerMessage(PromptAnswer::No);
@@ -138,10 +110,9 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     ASSERT_EQ(m_prompts.Asked().size(), 5);
     EXPECT_EQ(m_prompts.Asked().at(3).filter, "Plain Text (*.txt)|*.txt|All Files (*.*)|*.*");
     const ScriptedPrompts::Question replace = m_prompts.Asked().at(4);
-    EXPECT_EQ(replace.text, old + " already exists.\r\nDo you want to replace it?");
-    EXPECT_EQ(replace.title, "Export");
-    EXPECT_EQ(replace.buttons, PromptButtons::YesNo);
-    EXPECT_EQ(replace.icon, PromptIcon::Exclamation);
+    EXPECT_EQ(replace.title + ": " + replace.text,
+              "Export: " + old + " already exists.\r\nDo you want to replace it?");
+    EXPECT_TRUE(replace.buttons == PromptButtons::YesNo && replace.icon == PromptIcon::Exclamation);
     EXPECT_EQ(ReadFile(old), "the old list\r\n");
     m_prompts.AnswerFile(old).AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::Yes);
     Click("cmdExport"); // replaced, and opened

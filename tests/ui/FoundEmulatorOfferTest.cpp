@@ -1,21 +1,14 @@
 #include "app/Startup.h"
 #include "emulators/FoundEmulators.h"
-#include "support/StandInEmulator.h"
 #include "support/WindowTest.h"
 
 namespace {
 
 class FoundEmulatorOfferTest : public WindowTest {
 protected:
-    // Starts the window with only a stand-in Mednafen on the search path.
     void StartWithMednafen() {
-        const QString bin = MakeFolder("bin");
-        WriteStandInScript(bin + "/mednafen", "exit 0");
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", bin.toLocal8Bit());
         m_offerFoundEmulators = true;
-        StartWindow();
-        qputenv("PATH", path);
+        WithMednafenOnPath([this] { StartWindow(); });
     }
 };
 

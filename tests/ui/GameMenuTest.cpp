@@ -1,17 +1,7 @@
 #include "support/SnesImageBuilder.h"
-#include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 
-#include <QComboBox>
-#include <QDialog>
 #include <QDir>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QStandardPaths>
 
 namespace {
@@ -21,86 +11,40 @@ namespace {
 class GameMenuTest : public WindowTest {
 protected:
     void Start() {
-        EnableLog();
-        const QString folder = MakeFolder("Games") + '/';
+        SeedGames("Games",
+                  {{"mario.smc", "Mario;RPG"},
+                   {"zelda.smc", "Zelda;RPG"},
+                   {"metroid.smc", "Metroid;Action & Adventure"},
+                   {"pack.zip", "Pack;Action & Adventure"}},
+                  "RPG", {"RPG", "Action & Adventure"});
         WriteFile("Games/mario.smc", SnesImageBuilder::HeaderlessLoRom("SUPER MARIO"));
         WriteFile("Games/zelda.smc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZELDA 3"));
-        WriteFile("Games/metroid.smc", "x");
         MakeZip("Games/pack.zip",
                 {{"game.smc", SnesImageBuilder::HeaderlessLoRom("FINAL FANTASY 3")}});
-
-        m_state.Store.Write("Folders\\Game Folders", "00", folder);
-        m_state.Store.Write("Group List", "00", "RPG");
-        m_state.Store.Write("Group List", "01", "Action & Adventure");
-        m_state.Store.Write("Settings", "DefaultGroup", "RPG");
-        const QStringList games{"mario.smc",   "Mario;RPG",
-                                "zelda.smc",   "Zelda;RPG",
-                                "metroid.smc", "Metroid;Action & Adventure",
-                                "pack.zip",    "Pack;Action & Adventure"};
-        for (int i = 0; i < games.size(); i += 2)
-            m_state.Store.Write("Game List\\" + folder.toLower(), games[i], games[i + 1]);
-        m_state.Store.Sync();
+        EnableLog();
         StartWindow();
     }
 
-    QListWidget* List() const { return Control<QListWidget>("lstGameList"); }
     // The shown group, its games and, in brackets, the selected one.
     QString Shown() const {
-        const QListWidgetItem* selected = List()->currentItem();
-        return Control<QComboBox>("cboGroupList")->currentText() + ": " +
-               ItemTexts(List()).join(", ") + " [" + (selected ? selected->text() : QString()) +
-               "]";
+        return Control<QComboBox>("cboGroupList")->currentText() + ": " + Listed().join(", ") +
+               " [" + Selected() + "]";
     }
     void Select(const QString& caption) {
         List()->setCurrentItem(List()->findItems(caption, Qt::MatchExactly).value(0));
     }
-    void ChooseGroup(const QString& group) {
-        PickFromList(Control<QComboBox>("cboGroupList"), group);
-    }
-    // Opens the game menu with the context-menu key and chooses an entry by its name,
-    // or a group of "Send To Group..." by the group.
-    void Choose(const QString& entry) {
-        QTest::keyClick(List(), Qt::Key_Menu);
-        ASSERT_TRUE(Control<QMenu>("mnuRomMenu")->isVisible());
-        Control<QMenu>("mnuRomMenu")->hide();
-        for (QAction* action : m_window->findChildren<QAction*>()) {
-            if (action->objectName() == entry || (action->isVisible() && action->data() == entry)) {
-                ASSERT_TRUE(action->isEnabled());
-                return action->trigger();
-            }
-        }
-        ADD_FAILURE() << "no entry " << entry.toStdString();
-    }
     // Opens the game information through the menu and runs the steps in it.
     void WithGameInfo(const std::function<void(QDialog*)>& steps) {
-        RunWhenModal([&steps](QWidget* modal) {
-            auto* dialog = qobject_cast<QDialog*>(modal);
-            steps(dialog);
-            dialog->reject(); // when the steps left it open
-        });
-        Choose("mnuRomMenu_GameInfo");
+        InDialog([this] { ChooseFromGameMenu("mnuRomMenu_GameInfo"); }, steps);
+    }
+    void OpenSaveStates() { // probed as it opens
+        Control<QMenu>("mnuSaveStates")->popup({});
+        Control<QMenu>("mnuSaveStates")->hide();
     }
     QStringList LogLines(const QString& pattern) const {
         return LogText().split("\r\n").filter(QRegularExpression(pattern));
     }
 };
-
-template <typename T> T* In(QDialog* dialog, const char* name) {
-    return dialog->findChild<T*>(QString::fromLatin1(name));
-}
-
-void Click(QDialog* dialog, const char* button) {
-    QTest::mouseClick(In<QPushButton>(dialog, button), Qt::LeftButton);
-}
-
-QStringList Entries(const QMenu* menu, bool enabledOnly) {
-    QStringList captions;
-    for (const QAction* item : menu->actions()) {
-        if (item->isVisible() && !item->isSeparator() && (item->isEnabled() || !enabledOnly))
-            captions << item->text() + (item->isChecked() ? "*" : "");
-    }
-    return captions;
-}
 
 TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
     Start();
@@ -110,12 +54,11 @@ TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
     QTest::keyClick(List(), Qt::Key_F10, Qt::ShiftModifier);
     ASSERT_TRUE(menu->isVisible());
     menu->hide();
-    EXPECT_EQ(Entries(menu, true).size(), 8); // every entry
-    EXPECT_EQ(Entries(Control<QMenu>("mnuRomMenu_SendToGroup"), false),
+    EXPECT_EQ(MenuEntries(menu, true).size(), 8); // every entry
+    EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_SendToGroup")),
               (QStringList{"RPG*", "Action && Adventure", "Ungrouped", "&New Group..."}));
-    Control<QMenu>("mnuSaveStates")->popup({}); // probed as it opens
-    Control<QMenu>("mnuSaveStates")->hide();
-    EXPECT_EQ(Entries(Control<QMenu>("mnuSaveStates_Snes9X"), true), QStringList{"(1) Used"});
+    OpenSaveStates();
+    EXPECT_EQ(MenuEntries(Control<QMenu>("mnuSaveStates_Snes9X"), true), QStringList{"(1) Used"});
     for (const qint16 clickDeletes : {0, 1}) { // only when the setting is on
         m_state.Options.StateClickDeletes = clickDeletes;
         Control<QAction>("mnuSaveStates_Snes9X_State(1)")->trigger();
@@ -126,7 +69,7 @@ TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
     QTest::keyClick(List(), Qt::Key_Menu);
     EXPECT_FALSE(menu->isVisible());
     menu->popup({}); // from the menu bar
-    EXPECT_TRUE(Entries(menu, true).isEmpty());
+    EXPECT_TRUE(MenuEntries(menu, true).isEmpty());
     menu->hide();
 }
 
@@ -134,7 +77,7 @@ TEST_F(GameMenuTest, RenameKeepsCaptionsUniqueAndRemoveHidesTheGame) {
     Start();
     m_prompts.AnswerInput(" mARIO ").AnswerInput("zelda").AnswerInput(" Super Mario ");
     for (int i = 0; i < 3; ++i)
-        Choose("mnuRomMenu_Rename");
+        ChooseFromGameMenu("mnuRomMenu_Rename");
     EXPECT_EQ(Shown(), "RPG: Super Mario, Zelda [Super Mario]");
     const QString prompt = "Enter a new caption for:\r\n\r\nMario";
     EXPECT_EQ(m_prompts.AskedTexts(),
@@ -144,13 +87,11 @@ TEST_F(GameMenuTest, RenameKeepsCaptionsUniqueAndRemoveHidesTheGame) {
     EXPECT_EQ(m_prompts.Asked()[0].title + ": " + m_prompts.Asked()[0].proposed, "Rename: Mario");
 
     Select("Zelda");
-    Choose("mnuRomMenu_Remove");
+    ChooseFromGameMenu("mnuRomMenu_Remove");
     EXPECT_EQ(Shown(), "RPG: Super Mario [Super Mario]");
-    Choose("mnuRomMenu_Remove");
+    ChooseFromGameMenu("mnuRomMenu_Remove");
     EXPECT_EQ(Shown(), "RPG:  []");
     EXPECT_EQ(Control<QLabel>("picSnapshot")->text(), "No snapshot");
-    EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("filename", "zelda.smc")].Caption,
-              "/invisible");
     EXPECT_EQ(LogLines("Caption Changed|^Removed"),
               (QStringList{"mario.smc Caption Changed", "Removed Game From List: Zelda",
                            "Removed Game From List: Super Mario"}));
@@ -158,30 +99,29 @@ TEST_F(GameMenuTest, RenameKeepsCaptionsUniqueAndRemoveHidesTheGame) {
 
 TEST_F(GameMenuTest, SendToGroupSwitchesTheViewAsAutoSwitchGroupSays) {
     Start();
-    Choose("RPG"); // the group shown: nothing happens
+    ChooseFromGameMenu("RPG"); // the group shown: nothing happens
     m_state.Options.AutoSwitchGroup = 0;
-    Choose("Action & Adventure");
+    ChooseFromGameMenu("Action & Adventure");
     EXPECT_EQ(Shown(), "RPG: Zelda [Zelda]");
-    Choose("mnuSendToGroup_FixedGroup");
+    ChooseFromGameMenu("mnuSendToGroup_FixedGroup");
     EXPECT_EQ(Shown(), "RPG:  []");
 
     m_state.Options.AutoSwitchGroup = 2; // any value but 0 follows an existing group...
     ChooseGroup("Action & Adventure");
     Select("Mario");
-    Choose("RPG");
+    ChooseFromGameMenu("RPG");
     EXPECT_EQ(Shown(), "RPG: Mario [Mario]");
     m_prompts.AnswerInput("Puzzle").AnswerInput("rpg").AnswerInput("Racing");
-    Choose("mnuSendToGroup_NewGroup"); // ...but only 1 a new one
+    ChooseFromGameMenu("mnuSendToGroup_NewGroup"); // ...but only 1 a new one
     EXPECT_EQ(Shown(), "RPG:  []");
     ChooseGroup("Ungrouped");
-    Choose("mnuSendToGroup_NewGroup"); // refused: the group exists
+    ChooseFromGameMenu("mnuSendToGroup_NewGroup"); // refused: the group exists
     EXPECT_TRUE(Control<QAction>("mnuSendToGroup_FixedGroup")->isChecked());
     m_state.Options.AutoSwitchGroup = 1;
-    Choose("mnuSendToGroup_NewGroup");
+    ChooseFromGameMenu("mnuSendToGroup_NewGroup");
     EXPECT_EQ(Shown(), "Racing: Zelda [Zelda]");
 
-    EXPECT_EQ(Control<QComboBox>("cboGroupList")->count(), 6); // "All Games" too
-    EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("title", "Mario")].Group, "Puzzle");
+    EXPECT_EQ(m_state.Games.Records[Game("Mario")].Group, "Puzzle");
     EXPECT_EQ(m_prompts.Asked()[0].title + ": " + m_prompts.Asked()[0].text,
               "Create Group: Enter the new group's caption:");
     EXPECT_EQ(LogLines("^Sent"),
@@ -194,14 +134,14 @@ TEST_F(GameMenuTest, GameInfoShowsTheHeaderAndChecksTheCaptionOnOk) {
     QString header;
     Select("Zelda"); // behind a copier header
     WithGameInfo([&header](QDialog* dialog) {
-        header = In<QPlainTextEdit>(dialog, "txtRomInfo")->toPlainText();
-        EXPECT_EQ(In<QLabel>(dialog, "lblGroup")->text(), "Group: RPG");
-        auto* caption = In<QLineEdit>(dialog, "txtCaption");
+        header = ControlIn<QPlainTextEdit>(dialog, "txtRomInfo")->toPlainText();
+        EXPECT_EQ(ControlIn<QLabel>(dialog, "lblGroup")->text(), "Group: RPG");
+        auto* caption = ControlIn<QLineEdit>(dialog, "txtCaption");
         caption->clear();
-        Click(dialog, "cmdOK");
+        ClickOn(dialog, "cmdOK");
         QTest::keyClicks(caption, "MARIO");
-        Click(dialog, "cmdOK");
-        Click(dialog, "cmdInternalCaption");
+        ClickOn(dialog, "cmdOK");
+        ClickOn(dialog, "cmdInternalCaption");
         EXPECT_EQ(caption->text(), "Zelda 3");
         caption->clear();
         QTest::keyClicks(caption, " Zelda; III "); // ";" is refused
@@ -212,18 +152,18 @@ TEST_F(GameMenuTest, GameInfoShowsTheHeaderAndChecksTheCaptionOnOk) {
                       "ROM Speed: Unknown (2)\nBank Size: LoROM (32kb banks)\n"
                       "Country:   USA (NTSC)\nLicense:   Nintendo\nChecksum:  4608\n");
     EXPECT_EQ(Shown(), "RPG: Mario, Zelda III [Zelda III]");
-    EXPECT_EQ(m_prompts.AskedTexts(), (QStringList{"The game has no caption, please enter one!",
-                                                   "The caption you entered is already used by "
-                                                   "another game, please enter another."}));
+    EXPECT_EQ(m_prompts.AskedTexts().join('|'), "The game has no caption, please enter one!|The "
+                                                "caption you entered is already used by another "
+                                                "game, please enter another.");
 
     Select("Mario"); // no copier header: the same header, 512 bytes earlier
     WithGameInfo([&header](QDialog* dialog) {
-        EXPECT_EQ(In<QPlainTextEdit>(dialog, "txtRomInfo")->toPlainText(), header);
-        Click(dialog, "cmdOK"); // unchanged: no lookup, no log line
+        EXPECT_EQ(ControlIn<QPlainTextEdit>(dialog, "txtRomInfo")->toPlainText(), header);
+        ClickOn(dialog, "cmdOK"); // unchanged: no lookup, no log line
     });
     ChooseGroup("Action & Adventure");
     Select("Metroid"); // no SNES image at all
-    WithGameInfo([](QDialog* dialog) { Click(dialog, "cmdInternalCaption"); });
+    WithGameInfo([](QDialog* dialog) { ClickOn(dialog, "cmdInternalCaption"); });
     EXPECT_EQ(m_prompts.AskedTexts().last(), "The internal caption of this game is invalid!");
     EXPECT_EQ(
         LogLines("Caption Changed|^Retrieving"),
@@ -238,10 +178,10 @@ TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes)
     Select("Pack");
     m_prompts.AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::No);
     WithGameInfo([this](QDialog* dialog) {
-        EXPECT_EQ(In<QLabel>(dialog, "lblFilename")->text(), "Filename: pack.zip");
+        EXPECT_EQ(ControlIn<QLabel>(dialog, "lblFilename")->text(), "Filename: pack.zip");
         EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList{"game.smc"});
-        Click(dialog, "cmdInternalCaption");
-        EXPECT_EQ(In<QLineEdit>(dialog, "txtCaption")->text(), "Final Fantasy 3");
+        ClickOn(dialog, "cmdInternalCaption");
+        EXPECT_EQ(ControlIn<QLineEdit>(dialog, "txtCaption")->text(), "Final Fantasy 3");
     });
     EXPECT_TRUE(QDir(TempPath("Unzip")).isEmpty()); // flushed once the dialog closed
     EXPECT_EQ(m_prompts.Asked()[0].text,
@@ -250,21 +190,13 @@ TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes)
     EXPECT_EQ(m_prompts.Asked()[0].icon, PromptIcon::Question);
     EXPECT_TRUE(LogText().contains("\r\nDecompressed: " + TempPath("games/pack.zip").toLower()));
 
-    WithGameInfo([](QDialog* dialog) { // "No": the narrow dialog without the header
-        const auto twips = [dialog](int value) {
-            return qRound(value * dialog->logicalDpiX() / 1440.0);
-        };
-        EXPECT_FALSE(In<QPlainTextEdit>(dialog, "txtRomInfo")->isVisible());
-        EXPECT_FALSE(In<QPushButton>(dialog, "cmdInternalCaption")->isEnabled());
-        EXPECT_EQ(In<QGroupBox>(dialog, "fraGeneral")->x(), twips(120));
-        EXPECT_EQ(dialog->width(), twips(3720));
+    WithGameInfo([](QDialog* dialog) { // "No": the narrow dialog (3720 twips) without the header
+        EXPECT_FALSE(ControlIn<QPlainTextEdit>(dialog, "txtRomInfo")->isVisible());
+        EXPECT_FALSE(ControlIn<QPushButton>(dialog, "cmdInternalCaption")->isEnabled());
+        EXPECT_EQ(dialog->width(), qRound(3720 * dialog->logicalDpiX() / 1440.0));
     });
     EXPECT_TRUE(LogText().contains("\r\nAdjusted form size to hide internal data (not read)."));
 }
-
-} // namespace
-
-namespace {
 
 TEST_F(GameMenuTest, AFoundEmulatorHasItsOwnSaveStatesSubmenuOfItsRealFiles) {
     const QString home =
@@ -278,12 +210,10 @@ TEST_F(GameMenuTest, AFoundEmulatorHasItsOwnSaveStatesSubmenuOfItsRealFiles) {
     Start();
     Select("Mario");
     m_state.Options.StateClickDeletes = 1;
-    Control<QMenu>("mnuSaveStates")->popup({});
-    Control<QMenu>("mnuSaveStates")->hide();
+    OpenSaveStates();
     QMenu* submenu = Control<QMenu>("mnuSaveStates_RetroArch (Snes9x)");
-    EXPECT_EQ(Entries(submenu, true), (QStringList{"(1) Used", "(Auto) Used", "SRAM File"}));
-    EXPECT_EQ(Entries(submenu, false).size(), 12);
-    EXPECT_EQ(Entries(submenu, false).first(), "(0) Empty");
+    EXPECT_EQ(MenuEntries(submenu, true), (QStringList{"(1) Used", "(Auto) Used", "SRAM File"}));
+    EXPECT_EQ(MenuEntries(submenu).size(), 12); // (0) to (9) too
     Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_State(1)")->trigger();
     Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_SRAM")->trigger();
     EXPECT_EQ(m_shell.CallsOf("ShellDeleteFile"),
@@ -293,11 +223,10 @@ TEST_F(GameMenuTest, AFoundEmulatorHasItsOwnSaveStatesSubmenuOfItsRealFiles) {
     QTest::keyClick(List(), Qt::Key_Menu);
     Control<QMenu>("mnuRomMenu")->hide();
     QMenu* launchUsing = Control<QMenu>("mnuRomMenu_LaunchUsing");
-    EXPECT_EQ(Entries(launchUsing, false),
+    EXPECT_EQ(MenuEntries(launchUsing),
               (QStringList{"Nlke", "Snes9X", "ZSnes", "RetroArch (Snes9x)", "Default"}));
     launchUsing->actions()[3]->trigger();
-    EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("filename", "mario.smc")].Emulator,
-              "RetroArch (Snes9x)");
+    EXPECT_EQ(m_state.Games.Records[Game("Mario")].Emulator, "RetroArch (Snes9x)");
     QDir(home).removeRecursively();
 }
 

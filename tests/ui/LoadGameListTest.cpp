@@ -1,7 +1,6 @@
 #include "support/TestFixtures.h"
+#include "support/WidgetSteps.h"
 #include "ui/frmLoadGameList.h"
-
-#include <QProgressBar>
 
 namespace {
 
@@ -17,8 +16,7 @@ TEST_F(LoadGameListTest, ShowsProgressAndLogsOneMarkerPairPerLoad) {
     window.SetMaximum(40);
     window.SetValue(25);
     EXPECT_TRUE(window.isVisible());
-    auto* bar = window.findChild<QProgressBar*>("LoadProgressBar");
-    ASSERT_NE(bar, nullptr);
+    auto* bar = ControlIn<QProgressBar>(&window, "LoadProgressBar");
     EXPECT_EQ(QPoint(bar->maximum(), bar->value()), QPoint(40, 25));
     window.Close();
     EXPECT_FALSE(window.isVisible());

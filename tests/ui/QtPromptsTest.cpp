@@ -1,8 +1,5 @@
 #include "ui/QtPrompts.h"
-
 #include "support/TestFixtures.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 

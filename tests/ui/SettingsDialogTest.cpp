@@ -1,30 +1,14 @@
 #include "app/Startup.h"
+#include "config/Settings.h"
 #include "emulators/FoundEmulators.h"
 #include "support/SnesImageBuilder.h"
-#include "support/StandInEmulator.h"
-#include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 #include "ui/frmSettings.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 
 namespace {
-
-using Flag = qint16 Settings::*;
-using Text = QString Settings::*;
-// Each check box is named "chk" and its setting, most text boxes "txt" and theirs.
-#define FLAG(setting) std::pair<const char*, Flag>("chk" #setting, &Settings::setting)
-#define TXT(setting) std::pair<const char*, Text>("txt" #setting, &Settings::setting)
 
 class SettingsDialogTest : public WindowTest {
 protected:
@@ -52,15 +36,11 @@ protected:
 
     void Open() {
         m_dialog = std::make_unique<frmSettings>(m_state, m_prompts, m_shell, nullptr);
-        m_dialog->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(m_dialog.get()));
+        ASSERT_TRUE(ShownOnScreen(m_dialog.get()));
     }
 
     template <typename T> T* Control(const QString& name) const {
-        QWidget* dialog = m_dialog ? m_dialog.get() : QApplication::activeModalWidget();
-        T* control = dialog->findChild<T*>(name);
-        EXPECT_NE(control, nullptr) << name.toStdString();
-        return control;
+        return ControlIn<T>(m_dialog ? m_dialog.get() : QApplication::activeModalWidget(), name);
     }
     // The control, after a click on the tab of its page.
     template <typename T = QWidget> T* Reveal(const QString& name) {
@@ -84,67 +64,48 @@ protected:
     std::unique_ptr<frmSettings> m_dialog;
 };
 
-TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
+TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesItsOwn) {
     SeedStore();
     EnableLog();
     Open();
     EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmSettings ===\r\nAdding groups to "
                          "cboDefaultGroup...Done.");
 
-    EXPECT_EQ(Control<QComboBox>("cboEmulator")->currentText(), "Snes9X");
-    EXPECT_EQ(Control<QComboBox>("cboDefaultEmulator")->currentText(), "Snes9X");
-    EXPECT_EQ(TextOf("txtEmuFolder") + TextOf("txtEmuSaveFolder") + TextOf("txtDefaultProfile"),
-              "/emus/snes9x//emus/saves/fast");
-
-    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->currentText(), "Ungrouped"); // "Gone" is gone
-    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 3); // "All Games" first
+    // "Gone" is gone: "Ungrouped"; Lumbra may start on "All Games".
+    EXPECT_EQ(Control<QComboBox>("cboEmulator")->currentText() + "|" +
+                  Control<QComboBox>("cboDefaultEmulator")->currentText() + "|" +
+                  Control<QComboBox>("cboDefaultGroup")->currentText(),
+              "Snes9X|Snes9X|Ungrouped");
+    EXPECT_EQ(ItemTexts(Control<QComboBox>("cboDefaultGroup")),
+              (QStringList{"All Games", "Ungrouped", "RPG"}));
     EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")), QStringList{TempPath("Games/")});
-    EXPECT_EQ(TextOf("txtExportFolder") + TextOf("txtSnapshotFolder") + TextOf("txtNoSnapPic"),
-              "/exports//snaps//snaps/none.png");
-    EXPECT_EQ(TextOf("txtSPCProgram") + TextOf("txtSPCParameters"), "spcplay-q");
+    QStringList shown;
+    for (const char* name :
+         {"txtEmuFolder", "txtEmuSaveFolder", "txtDefaultProfile", "txtExportFolder",
+          "txtSnapshotFolder", "txtNoSnapPic", "txtSPCProgram", "txtSPCParameters"})
+        shown << TextOf(name);
+    EXPECT_EQ(shown.join('|'),
+              "/emus/snes9x/|/emus/saves/|fast|/exports/|/snaps/|/snaps/none.png|spcplay|-q");
     EXPECT_TRUE(Control<QRadioButton>("optProgram")->isChecked());
     EXPECT_TRUE(Control<QLineEdit>("txtSPCParameters")->isEnabled());
-
-    QStringList checked;
+    // Every check box shows its stored setting and writes it at once; each is named "chk"
+    // and the setting's key.
     for (QCheckBox* box : m_dialog->findChildren<QCheckBox*>()) {
-        if (box->isChecked())
-            checked << box->objectName();
+        const QString key = box->objectName().mid(3);
+        const QString stored = SettingText(m_state.Options, key).value_or("none");
+        EXPECT_EQ(box->isChecked(), stored != "0") << key.toStdString();
+        Press(box->objectName());
+        EXPECT_EQ(SettingText(m_state.Options, key), stored == "0" ? "1" : "0")
+            << key.toStdString();
     }
-    checked.sort();
-    EXPECT_EQ(checked, (QStringList{"chkRomBatchFileSupport", "chkSPC_DisplayList",
-                                    "chkSPC_UseWizard", "chkShowCommandLine",
-                                    "chkSnapshots_AutoUse1st", "chkSnapshots_HideIfPicExists",
-                                    "chkSnapshots_UseWizard", "chkStateClickDeletes"}));
-
-    Click("cmdClose");
-    m_dialog.reset();
-    EXPECT_TRUE(
-        LogText().endsWith("\r\nExporting Game Folder list to: Registry...Done.\r\nExporting "
-                           "Settings to: Registry...Done.\r\n\r\n=== Unloaded frmSettings ==="));
-}
-
-TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
-    SeedStore();
-    Open();
-    const Settings before = m_state.Options;
-    const QList<std::pair<const char*, Flag>> flags{
-        FLAG(AutoSwitchGroup),         FLAG(StateClickDeletes),
-        FLAG(UseBaseFilenames),        FLAG(RomBatchFileSupport),
-        FLAG(Snapshots_Show),          FLAG(Snapshots_UseWizard),
-        FLAG(Snapshots_AutoUse1st),    FLAG(Snapshots_HideIfPicExists),
-        FLAG(Snapshots_AutoRenameAll), FLAG(SPC_UseWizard),
-        FLAG(SPC_DisplayList),         FLAG(SPC_ShowMenu),
-        FLAG(ShowCommandLine)};
-    for (const auto& [name, flag] : flags) {
-        Press(name);
-        EXPECT_EQ(m_state.Options.*flag, before.*flag == 0 ? 1 : 0) << name;
-    }
-    const QList<std::pair<const char*, Text>> texts{
-        TXT(ExportFolder), TXT(UnzipFolder), TXT(SnapshotFolder), TXT(SPCFolder),
-        std::pair<const char*, Text>("txtNoSnapPic", &Settings::Snapshots_NoSnapPic)};
-    for (const auto& [name, text] : texts) {
+    for (const auto& [name, key] :
+         QList<std::pair<QString, QString>>{{"txtExportFolder", "Export Folder"},
+                                            {"txtUnzipFolder", "Unzip Folder"},
+                                            {"txtSnapshotFolder", "Snapshot Folder"},
+                                            {"txtSPCFolder", "SPC Folder"},
+                                            {"txtNoSnapPic", "Snapshots_NoSnapPic"}}) {
         Type(name, "/typed/");
-        EXPECT_EQ(m_state.Options.*text, "/typed/") << name;
+        EXPECT_EQ(SettingText(m_state.Options, key), "/typed/") << key.toStdString();
     }
 
     // The emulator texts follow the emulator chosen; ";" would split a stored record.
@@ -153,9 +114,9 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
               "nlke.pif nlke.lnk nlke.bat nlke.exe nlke nlke.sh");
     Type("txtEmuFolder", "/nlke;/");
     Type("txtDefaultProfile", "quick");
-    EXPECT_EQ(m_state.Emulators.Records[0].Folder, "/nlke/");
-    EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile, "quick");
-    EXPECT_EQ(m_state.Emulators.Records[1].Folder, "/emus/snes9x/");
+    EXPECT_EQ(m_state.Emulators.Records[0].Folder + m_state.Emulators.Records[0].DefaultProfile +
+                  m_state.Emulators.Records[1].Folder,
+              "/nlke/quick/emus/snes9x/");
     RunWhenModal([](QWidget* editor) { // "Settings..." makes a new profile the emulator's default
         QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "Smooth");
         QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
@@ -164,24 +125,22 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
     EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile + TextOf("txtDefaultProfile"),
               "SmoothSmooth");
     PickFromList(Reveal<QComboBox>("cboDefaultEmulator"), "ZSnes");
-    PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "RPG");
-    EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesRPG");
     PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "All Games"); // Lumbra may start on it
-    EXPECT_EQ(m_state.Options.DefaultGroup, "All Games");
+    EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesAll Games");
 
     Press("optAssociated");
     EXPECT_EQ(m_state.Options.SPC_OpenWith, "%WIN");
     EXPECT_FALSE(Control<QWidget>("cmdSPCProgram_Browse")->isEnabled());
     Press("optProgram");
-    EXPECT_EQ(m_state.Options.SPC_OpenWith, "%CUSTOM");
     Type("txtSPCProgram", "gme");
     Type("txtSPCParameters", "--loop");
-    EXPECT_EQ(m_state.Options.SPC_App, "gme;--loop");
+    EXPECT_EQ(m_state.Options.SPC_OpenWith + m_state.Options.SPC_App, "%CUSTOMgme;--loop");
 }
 
-TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
+TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenAndFindEmulatorsAddsTheFound) {
     SeedStore();
     Open();
+    const QString bin = WithMednafenOnPath([this] { Click("cmdFindEmulators"); });
     PickFromList(Reveal<QComboBox>("cboEmulator"), "ZSnes");
     const QStringList buttons{"cmdEmuFolder_Browse",      "cmdEmuSaveFolder_Browse",
                               "cmdExportFolder_Browse",   "cmdUnzipFolder_Browse",
@@ -191,13 +150,11 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
         Click(button);
     }
     const EmulatorRecord& zsnes = m_state.Emulators.Records[2];
-    EXPECT_EQ(zsnes.Folder, "/picked/cmdemufolder_browse/");
-    EXPECT_EQ(zsnes.SaveFolder, "/picked/cmdemusavefolder_browse/");
-    EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
-    EXPECT_EQ(TextOf("txtSPCFolder"), "/picked/cmdspcfolder_browse/");
-    const QList<QStringList> browsed = m_shell.CallsOf("BrowseForFolder");
-    ASSERT_EQ(browsed.size(), 6);
-    for (const QStringList& call : browsed)
+    EXPECT_EQ(zsnes.Folder + zsnes.SaveFolder + m_state.Options.SnapshotFolder +
+                  TextOf("txtSPCFolder"),
+              "/picked/cmdemufolder_browse//picked/cmdemusavefolder_browse/"
+              "/picked/cmdsnapshotfolder_browse//picked/cmdspcfolder_browse/");
+    for (const QStringList& call : m_shell.CallsOf("BrowseForFolder"))
         EXPECT_EQ(call.first(), "Please choose the folder where ZSnes resides:");
 
     Click("cmdSnapshotFolder_Browse"); // cancelled; the browser started at the field's folder
@@ -209,19 +166,36 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
     Click("cmdNoSnapPic_Pick");
     Click("cmdNoSnapPic_Pick");
     EXPECT_EQ(m_state.Options.Snapshots_NoSnapPic, "/pics/No Shot.PNG");
-    EXPECT_EQ(m_prompts.Asked().value(0).title, "Pick No Snapshot Image");
-    EXPECT_EQ(m_prompts.Asked().value(0).filter, "Supported Image Types|*.bmp;*.jpg;*.png;*.gif");
+    EXPECT_EQ(m_prompts.Asked().value(0).title + ": " + m_prompts.Asked().value(0).filter,
+              "Pick No Snapshot Image: Supported Image Types|*.bmp;*.jpg;*.png;*.gif");
     EXPECT_EQ(m_prompts.Asked().value(1).proposed, "/pics/No Shot.PNG"); // opens at its folder
+
+    // Find Emulators lists what it found, for the default emulator too; Remove forgets one.
+    auto* list = Control<QListWidget>("lstFoundEmulators");
+    const QStringList found = ItemTexts(list);
+    ASSERT_TRUE(found.contains("Mednafen") && FindFoundEmulator(m_state.Store, "Mednafen"));
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen")->Program, bin + "/mednafen");
+
+    auto* defaultEmulator = Control<QComboBox>("cboDefaultEmulator");
+    EXPECT_EQ(defaultEmulator->itemText(3), found.first()); // after the three
+    PickFromList(defaultEmulator, "Mednafen");
+    EXPECT_EQ(m_state.Options.DefaultEmulator, "Mednafen");
+
+    ClickLine(list, static_cast<int>(found.indexOf("Mednafen")));
+    Click("cmdRemoveFoundEmulator");
+    EXPECT_FALSE(ItemTexts(list).contains("Mednafen"));
+    EXPECT_EQ(defaultEmulator->findText("Mednafen"), -1);
+    EXPECT_FALSE(FindFoundEmulator(m_state.Store, "Mednafen"));
 }
 
 TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
     WriteFile("Games/Zelda.smc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZELDA"));
     WriteFile("Games/Mario.sfc", SnesImageBuilder::HeaderlessLoRom("MARIO"));
     StartWindow();
-    auto* games = m_window->findChild<QListWidget*>("lstGameList");
+    QListWidget* games = List();
     auto* addGameFolder = m_window->findChild<QPushButton*>("cmdAddGameFolder");
     EXPECT_TRUE(addGameFolder->isVisible());
-    EXPECT_EQ(m_window->statusBar()->currentMessage(), "No game folder yet");
+    EXPECT_EQ(Status(), "No game folder yet");
 
     // The first run's button opens the "ROM Folders" page; "&Close" stores folders and settings.
     RunWhenModal([&](QWidget*) {
@@ -242,12 +216,12 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
     EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
               (QList<QStringList>{
                   {title, ""}, {title, TempPath("Games/")}, {title, TempPath("Games/")}}));
-    EXPECT_EQ(m_state.Games.Count(), 2);
-    EXPECT_EQ(games->count(), 2);
+    EXPECT_EQ(m_state.Games.Count() + games->count(), 4);
     EXPECT_FALSE(addGameFolder->isVisible());
     EXPECT_FALSE(m_window->findChild<QLabel*>("picSnapshot")->isVisible()); // laid out at once
-    EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
-    EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "0");
+    EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00") + '|' +
+                  SettingsStore().Read("Settings", "Snapshots_Show"),
+              TempPath("Games/") + "|0");
 
     // Opened again from the menu: no doubled entries; the frame stores the settings only.
     RunWhenModal([&](QWidget* settings) {
@@ -259,42 +233,11 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
         settings->close();
     });
     m_window->findChild<QAction*>("mnuOptions_Settings")->trigger();
-    EXPECT_EQ(m_state.Games.Count(), 0);
-    EXPECT_EQ(games->count(), 0);
+    EXPECT_EQ(m_state.Games.Count() + games->count(), 0);
     EXPECT_TRUE(addGameFolder->isVisible());
-    EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
-    EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "1");
-}
-
-} // namespace
-
-namespace {
-
-TEST_F(SettingsDialogTest, FindEmulatorsListsWhatItFoundForTheDefaultAndRemoveForgetsOne) {
-    SeedStore();
-    const QString bin = MakeFolder("bin");
-    WriteStandInScript(bin + "/mednafen", "exit 0");
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", bin.toLocal8Bit());
-    Open();
-    Click("cmdFindEmulators");
-    qputenv("PATH", path);
-    auto* list = Control<QListWidget>("lstFoundEmulators");
-    const QStringList found = ItemTexts(list);
-    ASSERT_TRUE(found.contains("Mednafen"));
-    ASSERT_TRUE(FindFoundEmulator(m_state.Store, "Mednafen"));
-    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen")->Program, bin + "/mednafen");
-
-    auto* defaultEmulator = Control<QComboBox>("cboDefaultEmulator");
-    EXPECT_EQ(defaultEmulator->itemText(3), found.first()); // after the three
-    PickFromList(defaultEmulator, "Mednafen");
-    EXPECT_EQ(m_state.Options.DefaultEmulator, "Mednafen");
-
-    ClickLine(list, static_cast<int>(found.indexOf("Mednafen")));
-    Click("cmdRemoveFoundEmulator");
-    EXPECT_FALSE(ItemTexts(list).contains("Mednafen"));
-    EXPECT_EQ(defaultEmulator->findText("Mednafen"), -1);
-    EXPECT_FALSE(FindFoundEmulator(m_state.Store, "Mednafen"));
+    EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00") + '|' +
+                  SettingsStore().Read("Settings", "Snapshots_Show"),
+              TempPath("Games/") + "|1");
 }
 
 } // namespace

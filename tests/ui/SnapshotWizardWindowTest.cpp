@@ -6,9 +6,6 @@
 
 #include <QFile>
 #include <QImage>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
 
 namespace {
 
@@ -33,7 +30,7 @@ TEST_F(SnapshotWizardWindowTest, PreviewsThePickedImageAndClosesOnceItIsUsed) {
         auto* use = dialog->findChild<QPushButton*>("cmdUse");
         auto* preview = dialog->findChild<QLabel*>("imgPreview");
         EXPECT_EQ(list->count(), 2);
-        EXPECT_FALSE(use->isEnabled());
+        EXPECT_FALSE(use->isEnabled()); // until an image is picked
 
         ClickLine(list, 1);
         EXPECT_TRUE(use->isEnabled());
