@@ -2,8 +2,6 @@
 
 #include "emulators/EmulatorCatalogue.h"
 
-#include <algorithm>
-
 namespace {
 
 QStringList Names(const EmulatorCatalogue& catalogue) {
@@ -19,22 +17,8 @@ TEST_F(LumbraTest, TheBuiltInCatalogueKnowsTheLinuxEmulators) {
     EXPECT_EQ(Names(catalogue),
               QStringList({"RetroArch", "Mednafen", "snes9x-gtk", "bsnes", "ares", "Mesen"}));
 
-    const CatalogueEntry* retroarch = catalogue.Find("retroarch");
-    ASSERT_NE(retroarch, nullptr);
-    EXPECT_TRUE(retroarch->TakesCores());
-    const auto flatpak =
-        std::find_if(retroarch->Find.begin(), retroarch->Find.end(),
-                     [](const FindRule& r) { return r.Type == FindRule::Kind::Flatpak; });
-    ASSERT_NE(flatpak, retroarch->Find.end());
-    EXPECT_EQ(flatpak->Arguments, QStringList({"run", "org.libretro.RetroArch"}));
-    EXPECT_EQ(retroarch->States.SlotNames.value(0), "{base}.state");
-
-    const CatalogueEntry* mednafen = catalogue.Find("Mednafen");
-    ASSERT_NE(mednafen, nullptr);
-    EXPECT_FALSE(mednafen->TakesCores());
-    EXPECT_EQ(mednafen->Find.last().Arguments,
-              QStringList({"run", "--command=mednafen", "com.github.AmatCoder.mednaffe"}));
-    EXPECT_TRUE(catalogue.Find("Mesen")->NamesFromInnerFile);
+    // Found in any case; detection and the files tests read the entries themselves.
+    EXPECT_NE(catalogue.Find("retroarch"), nullptr);
     EXPECT_EQ(catalogue.Find("Snes9X"), nullptr); // Lumbra's own is not in the catalogue
 }
 

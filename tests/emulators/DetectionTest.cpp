@@ -38,15 +38,6 @@ protected:
     FakeSystem m_system;
 };
 
-TEST_F(DetectionTest, NothingInstalledFindsNothing) {
-    // Core files without a RetroArch to load them, and a Mesen that is not executable.
-    m_system.WriteFile(m_system.Root("/usr/lib/x86_64-linux-gnu/libretro/snes9x_libretro.so"));
-    m_system.WriteFile(m_system.Home() + "/Applications/Mesen.AppImage");
-    // A Flatpak's export without the flatpak program to start it.
-    m_system.WriteFile(m_system.Root("/var/lib/flatpak/exports/bin/dev.bsnes.bsnes"));
-    EXPECT_EQ(Detect(), QList<FoundEmulator>());
-}
-
 TEST_F(DetectionTest, FindsEachEmulatorTheWayItIsInstalled) {
     const QString retroarch = m_system.WriteProgram(m_system.Bin() + "/retroarch");
     const QString cores = m_system.Root("/usr/lib/x86_64-linux-gnu/libretro/");
@@ -85,7 +76,6 @@ TEST_F(DetectionTest, FindsEachEmulatorTheWayItIsInstalled) {
 }
 
 TEST_F(DetectionTest, AFlatpakRetroArchTakesTheCoresOfItsOwnFolder) {
-    const QString flatpak = m_system.WriteProgram(m_system.Bin() + "/flatpak");
     m_system.WriteFile(m_system.Root("/var/lib/flatpak/exports/bin/org.libretro.RetroArch"));
     m_system.WriteFile(m_system.Root("/usr/lib/x86_64-linux-gnu/libretro/bsnes_libretro.so"));
     const QString core = m_system.WriteFile(
@@ -93,7 +83,12 @@ TEST_F(DetectionTest, AFlatpakRetroArchTakesTheCoresOfItsOwnFolder) {
         "/.var/app/org.libretro.RetroArch/config/retroarch/cores/snes9x_libretro.so");
     // Mednafen through Mednaffe's Flatpak.
     m_system.WriteFile(m_system.Root("/var/lib/flatpak/exports/bin/com.github.AmatCoder.mednaffe"));
+    // Nothing yet: Flatpak exports without the flatpak program to start them, cores
+    // without a RetroArch to load them, and a Mesen that is not executable.
+    m_system.WriteFile(m_system.Home() + "/Applications/Mesen.AppImage");
+    EXPECT_EQ(Detect(), QList<FoundEmulator>());
 
+    const QString flatpak = m_system.WriteProgram(m_system.Bin() + "/flatpak");
     EXPECT_EQ(Detect(),
               QList<FoundEmulator>(
                   {Found("RetroArch (Snes9x)", flatpak, core,
@@ -104,13 +99,9 @@ TEST_F(DetectionTest, AFlatpakRetroArchTakesTheCoresOfItsOwnFolder) {
                          "{game}")}));
 }
 
-TEST_F(LumbraTest, DetectionIsStoredAndKeepsWhatThePlayerChanged) {
+TEST_F(DetectionTest, DetectionIsStoredAndKeepsWhatThePlayerChanged) {
     const auto found = [](const QString& name, const QString& program) {
-        FoundEmulator emulator;
-        emulator.Name = emulator.Entry = name;
-        emulator.Program = program;
-        emulator.Command = "{program} {options} {game}";
-        return emulator;
+        return Found(name, program, "", "{program} {options} {game}");
     };
     SettingsStore& store = m_state.Store;
     StoreDetectedEmulators(store, {found("Mednafen", "/usr/games/mednafen"), found("ares", "/a")});

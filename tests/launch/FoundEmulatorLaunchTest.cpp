@@ -1,37 +1,22 @@
-#include "catalogue/FolderScan.h"
 #include "catalogue/PlayStatistics.h"
-#include "config/Profiles.h"
 #include "emulators/FoundEmulators.h"
-#include "launch/LaunchEmu.h"
-#include "platform/RealShell.h"
-#include "snapshots/SnapshotWizard.h"
-#include "support/ScriptedPrompts.h"
+#include "support/LaunchTest.h"
 #include "support/SnesImageBuilder.h"
 #include "support/StandInEmulator.h"
-#include "support/TestFixtures.h"
 
 #include <QDir>
 #include <QFile>
-#include <QStandardPaths>
+#include <QFileInfo>
 #include <QTest>
 
 namespace {
 
-class PlayerAtTheWizard final : public SnapshotWizardView {
-public:
-    void ShowModal(SnapshotWizard& wizard) override {
-        Shown << wizard.NewImages();
-        wizard.UseSnapshot(0);
-    }
-    QStringList Shown;
-};
-
-QString ConfigHome() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+// The suite's XDG folders outlive a test: what a test writes there goes at its end.
+QString RetroArchHome() {
+    return qEnvironmentVariable("XDG_CONFIG_HOME") + "/retroarch";
 }
-
-QString DataHome() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+QString ZipRules() {
+    return qEnvironmentVariable("XDG_DATA_HOME") + "/Lumbra/emulators/zip.json";
 }
 
 // A RetroArch that writes as the real one does: a screenshot of the game named after
@@ -39,8 +24,8 @@ QString DataHome() {
 // beside itself; then it prints the given error lines and ends with the status.
 QString WriteRetroArch(const QString& path, int status = 0, const QByteArray& errors = {}) {
     return WriteStandInScript(
-        path, "pwd -P > \"$0.cwd\"; : > \"$0.args\"\n"
-              "for a in \"$@\"; do printf '%s\\n' \"$a\" >> \"$0.args\"; last=$a; done\n"
+        path, "pwd -P > \"$0.cwd.txt\"; : > \"$0.args.txt\"\n"
+              "for a in \"$@\"; do printf '%s\\n' \"$a\" >> \"$0.args.txt\"; last=$a; done\n"
               "shots=\"$XDG_CONFIG_HOME/retroarch/screenshots\"; mkdir -p \"$shots\"\n"
               "name=$(basename \"$last\"); name=${name%.*}\n"
               "echo png > \"$shots/$name-261122-235959.png\"\n"
@@ -48,24 +33,16 @@ QString WriteRetroArch(const QString& path, int status = 0, const QByteArray& er
                   errors + "\nexit " + QByteArray::number(status));
 }
 
-class FoundEmulatorLaunchTest : public LumbraTest {
+class FoundEmulatorLaunchTest : public LaunchTest {
 protected:
     FoundEmulatorLaunchTest() {
-        QDir(ConfigHome() + "/retroarch").removeRecursively();
-        QFile::remove(DataHome() + "/Lumbra/emulators/zip.json");
-        DefineEmulators(m_state.Emulators, m_state.Store);
-        m_state.Options = DefaultSettings();
-        m_state.Options.SnapshotFolder = MakeFolder("Snaps") + '/';
-        m_state.Options.UnzipFolder = MakeFolder("Unzip") + '/';
-        m_state.Options.Snapshots_UseWizard = 1;
         m_program = WriteRetroArch(TempPath("retroarch"));
-        FoundEmulator retroArch;
-        retroArch.Name = "RetroArch (Snes9x)";
-        retroArch.Entry = "RetroArch";
-        retroArch.Program = m_program;
-        retroArch.Core = "/cores/snes9x_libretro.so";
-        retroArch.Command = "{program} -L {core} {options} {game}";
-        retroArch.DefaultProfile = "quiet";
+        FoundEmulator retroArch{.Name = "RetroArch (Snes9x)",
+                                .Entry = "RetroArch",
+                                .Program = m_program,
+                                .Core = "/cores/snes9x_libretro.so",
+                                .Command = "{program} -L {core} {options} {game}",
+                                .DefaultProfile = "quiet"};
         WriteFoundEmulator(m_state.Store, retroArch);
         WriteProfile(m_state.Store, retroArch.Name, "quiet", "--verbose=0");
         WriteProfile(m_state.Store, retroArch.Name, "Full Screen", " -f  --max-frames=2 ");
@@ -74,28 +51,13 @@ protected:
         MakeZip("My Games/Zipped Game.zip",
                 {{"Zipped Game.sfc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")}});
         GameList_ImportFileList(m_state, TempPath("My Games"));
-        QDir::setCurrent(TempPath());
     }
     ~FoundEmulatorLaunchTest() override {
-        QDir(ConfigHome() + "/retroarch").removeRecursively();
-        QFile::remove(DataHome() + "/Lumbra/emulators/zip.json");
+        QDir(RetroArchHome()).removeRecursively();
+        QFile::remove(ZipRules());
     }
-    GameRecord& Game(const QString& fileName) {
-        return m_state.Games.Records[m_state.Games.FindGame("filename", fileName)];
-    }
-    LaunchEnd Launch(const QString& fileName) {
-        EmulatorLauncher launcher(m_state, m_prompts, m_shell, m_player);
-        return launcher.Launch(m_state.Games.FindGame("filename", fileName));
-    }
-    QStringList Arguments() const {
-        QStringList lines = QString::fromUtf8(ReadFile(m_program + ".args")).split('\n');
-        lines.removeLast();
-        return lines;
-    }
+    QStringList Arguments() const { return StandInEmulator{m_program}.Arguments(); }
 
-    ScriptedPrompts m_prompts;
-    RealShell m_shell{m_prompts, [](const QString&) { return true; }};
-    PlayerAtTheWizard m_player;
     QString m_program;
     QString m_game;
 };
@@ -109,20 +71,15 @@ TEST_F(FoundEmulatorLaunchTest, WaitingPlayStartsItDirectlyThenOffersTheScreensh
 
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
     EXPECT_EQ(Arguments(), (QStringList{"-L", "/cores/snes9x_libretro.so", "--verbose=0", m_game}));
-    EXPECT_EQ(ReadFile(m_program + ".cwd").trimmed(), TempPath("My Games").toUtf8());
-    EXPECT_EQ(QDir::currentPath(), TempPath());
+    EXPECT_EQ(StandInEmulator{m_program}.WorkingFolder(), TempPath("My Games"));
     EXPECT_EQ(m_prompts.AskedTexts().first(),
               "retroarch -L /cores/snes9x_libretro.so --verbose=0 \"" + m_game + "\"");
     // Only the game's own screenshot is offered, and it becomes the snapshot.
     EXPECT_EQ(m_player.Shown, QStringList{"Super Game-261122-235959.png"});
     EXPECT_TRUE(QFile::exists(TempPath("Snaps/super game.png")));
-    EXPECT_TRUE(
-        QFile::exists(ConfigHome() + "/retroarch/screenshots/Other Game-261122-235959.png"));
-    const QString log = LogText();
-    EXPECT_TRUE(
-        log.contains("\r\n    Emulator: RetroArch (Snes9x)\r\n    Launch File: " + m_program));
-    EXPECT_TRUE(log.contains("Snapshot Wizard Activated"));
-    EXPECT_TRUE(log.contains("Snapshot Wizard Displayed"));
+    EXPECT_TRUE(QFile::exists(RetroArchHome() + "/screenshots/Other Game-261122-235959.png"));
+    EXPECT_TRUE(LogText().contains("\r\n    Emulator: RetroArch (Snes9x)\r\n    Launch File: " +
+                                   m_program));
 
     // The game's profile wins over the default one; the command box can be off, and
     // with a snapshot in place the wizard stays away.
@@ -148,11 +105,11 @@ TEST_F(FoundEmulatorLaunchTest, AZipGoesAsItIsToAnEmulatorThatReadsZipsAndIsExtr
     EXPECT_EQ(m_player.Shown, QStringList{"Zipped Game-261122-235959.png"});
     EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
 
-    QDir().mkpath(DataHome() + "/Lumbra/emulators");
-    QFile player(DataHome() + "/Lumbra/emulators/zip.json");
-    ASSERT_TRUE(player.open(QIODevice::WriteOnly));
-    player.write(R"({"emulators": [{"name": "RetroArch", "readsZip": false}]})");
-    player.close();
+    QDir().mkpath(QFileInfo(ZipRules()).path());
+    QFile rules(ZipRules());
+    ASSERT_TRUE(rules.open(QIODevice::WriteOnly) &&
+                rules.write(R"({"emulators": [{"name": "RetroArch", "readsZip": false}]})") > 0);
+    rules.close();
     ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
     EXPECT_EQ(Arguments().last(), TempPath("Unzip/Zipped Game.sfc"));
     EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList()); // flushed

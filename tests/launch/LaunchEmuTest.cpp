@@ -1,14 +1,8 @@
-#include "launch/LaunchEmu.h"
-#include "catalogue/FolderScan.h"
 #include "catalogue/PlayStatistics.h"
-#include "config/Profiles.h"
 #include "platform/OsHelpers.h"
-#include "platform/RealShell.h"
-#include "snapshots/SnapshotWizard.h"
-#include "support/ScriptedPrompts.h"
+#include "support/LaunchTest.h"
 #include "support/SnesImageBuilder.h"
 #include "support/StandInEmulator.h"
-#include "support/TestFixtures.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,23 +11,9 @@
 
 namespace {
 
-// The player at the wizard: takes the first new image when there is one.
-class PlayerAtTheWizard final : public SnapshotWizardView {
-public:
-    void ShowModal(SnapshotWizard& wizard) override {
-        Shown << wizard.NewImages();
-        wizard.UseSnapshot(0);
-    }
-    QStringList Shown;
-};
-
-class LaunchEmuTest : public LumbraTest {
+class LaunchEmuTest : public LaunchTest {
 protected:
     LaunchEmuTest() {
-        DefineEmulators(m_state.Emulators, m_state.Store);
-        m_state.Options = DefaultSettings();
-        m_state.Options.SnapshotFolder = TempPath("Snaps") + '/';
-        m_state.Options.UnzipFolder = MakeFolder("Unzip") + '/';
         m_snes9x = WriteStandInEmulator(MakeFolder("Emus/Snes 9X"), "snes9x");
         SetUp("Snes9X", TempPath("Emus/Snes 9X"), m_snes9x.SaveFolder);
         WriteFile("My Games/Super Game.SMC", SnesImageBuilder::ValidLoRomWithCopierHeader("SUPER"));
@@ -46,31 +26,26 @@ protected:
         emulator.Folder = folder + '/';
         emulator.SaveFolder = saveFolder;
     }
-    GameRecord& Game(const QString& fileName) {
-        return m_state.Games.Records[m_state.Games.FindGame("filename", fileName)];
-    }
-    LaunchEnd Launch(const QString& fileName) {
-        EmulatorLauncher launcher(m_state, m_prompts, m_shell, m_player);
-        return launcher.Launch(m_state.Games.FindGame("filename", fileName));
-    }
     // The log of the last launch, from its first line.
     QString LaunchLog() const {
         return LogText().mid(LogText().lastIndexOf("\r\n\r\n{ BEGIN LaunchEmu"));
     }
+    bool Ran() const {
+        return QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000);
+    }
 
-    ScriptedPrompts m_prompts;
-    RealShell m_shell{m_prompts, [](const QString&) { return true; }};
-    PlayerAtTheWizard m_player;
     StandInEmulator m_snes9x;
 };
 
-TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
+TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshotsAndTimesThePlay) {
     EnableLog();
     GameRecord& game = Game("super game.smc");
     game.Caption = "Super Game";
     game.Emulator = "Snes9X";
     game.Profile = "fast";
     WriteProfile(m_state.Store, "Snes9X", "fast", "  -x  ");
+    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename,
+                        "4;2020-01-01T00:00:00Z;7200");
     const QString shortGame = GetShortPath(TempPath("My Games/Super Game.SMC"));
     m_prompts.AnswerMessage(PromptAnswer::Yes); // "Use this snapshot for super game?"
 
@@ -93,6 +68,10 @@ TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
             "\r\n    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"
             "\r\n    Snapshot Wizard Displayed"
             "\r\n\r\n=== Unloaded frmSnapshotWizard ===\r\n} END LaunchEmu");
+    const PlayStatistics waited = ReadPlayStatistics(m_state.Store, game);
+    EXPECT_EQ(waited.PlayCount, 5);
+    EXPECT_GT(waited.LastPlayed, QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC));
+    EXPECT_GE(waited.PlaySeconds, 7200);
 
     // With a snapshot in place the wizard stays away; a vanished game file leaves
     // the emulator with no argument at all. Only Snes9X takes a profile.
@@ -103,7 +82,6 @@ TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
     QFile::remove(TempPath("My Games/Super Game.SMC"));
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
     const StandInEmulator zsnes{TempPath("Emus/Snes 9X/zsnes.sh"), m_snes9x.SaveFolder};
-    EXPECT_TRUE(zsnes.Ran());
     EXPECT_EQ(zsnes.Arguments(), QStringList());
     EXPECT_EQ(m_prompts.AskedTexts().last(), "zsnes.sh ");
     EXPECT_TRUE(LaunchLog().contains("\r\n    Launch File: zsnes.sh\r\n"));
@@ -119,16 +97,27 @@ TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
     EXPECT_TRUE(zsnes.Ran());
 }
 
-TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
+TEST_F(LaunchEmuTest, ShellModeCountsOnlyTheStartAndTheGamesOwnLaunchFilesWin) {
     m_state.Options.Snapshots_UseWizard = 0;
-    Game("super game.smc").Emulator = "snes9x";
+    GameRecord& game = Game("super game.smc");
+    game.Emulator = "snes9x";
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+    ASSERT_TRUE(Ran());
     EXPECT_EQ(m_snes9x.Arguments(), QStringList{GetShortPath(TempPath("My Games/Super Game.SMC"))});
     EXPECT_EQ(m_prompts.AskedTexts(), QStringList()); // no confirmation without the wizard
 
-    // A .pif beside the game wins over a .bat; no emulator is involved.
+    // An emulator that is not set up: nothing starts, and nothing is counted.
+    game.Emulator = "Nlke";
+    EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
+    EXPECT_TRUE(m_prompts.AskedTexts().last().startsWith("No files were found to launch Nlke\r\n"));
+    const PlayStatistics started = ReadPlayStatistics(m_state.Store, game);
+    EXPECT_EQ(started.PlayCount, 1);
+    EXPECT_EQ(started.PlaySeconds, 0);
+
+    // A .pif beside the game wins over a .bat; no emulator is involved, unless the
+    // game's own files are turned off.
     m_snes9x.Reset();
+    game.Emulator = "snes9x";
     const QByteArray note = "#!/bin/sh\necho $0 > \"" + QFile::encodeName(TempPath("ran")) + "\"\n";
     WriteFile("My Games/Super Game.bat", note);
     WriteFile("My Games/SUPER GAME.PIF", note);
@@ -136,44 +125,20 @@ TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return QFile::exists(TempPath("ran")); }, 60000));
     EXPECT_TRUE(ReadFile(TempPath("ran")).endsWith(".pif\n"));
     EXPECT_FALSE(m_snes9x.Ran());
-
-    // Without the game's own files and with an emulator that is not set up.
     m_state.Options.RomBatchFileSupport = 0;
-    Game("super game.smc").Emulator = "Nlke";
-    EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
-    EXPECT_TRUE(m_prompts.AskedTexts().last().startsWith("No files were found to launch Nlke\r\n"));
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    EXPECT_TRUE(Ran());
 }
 
-TEST_F(LaunchEmuTest, EachPlayIsCountedAndAWaitedForPlayIsTimed) {
-    GameRecord& game = Game("super game.smc");
-    game.Emulator = "Snes9X";
-    m_state.Options.ShowCommandLine = 0;
-    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename,
-                        "4;2020-01-01T00:00:00Z;7200");
-    m_prompts.AnswerMessage(PromptAnswer::No); // "Use this snapshot for super game?"
-    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
-    PlayStatistics waited = ReadPlayStatistics(m_state.Store, game);
-    EXPECT_EQ(waited.PlayCount, 5);
-    EXPECT_GT(waited.LastPlayed, QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC));
-    EXPECT_GE(waited.PlaySeconds, 7200);
-
-    // Without waiting only the start counts; a game that cannot start does not.
-    m_state.Options.Snapshots_UseWizard = 0;
-    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename, "0;;0");
-    m_snes9x.Reset();
-    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
-    game.Emulator = "Nlke"; // not set up
-    EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
-    const PlayStatistics started = ReadPlayStatistics(m_state.Store, game);
-    EXPECT_EQ(started.PlayCount, 1);
-    EXPECT_EQ(started.PlaySeconds, 0);
-}
-
-TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedWhenPlayEnds) {
+TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndItsFilesAreNeverStarted) {
+    EnableLog();
+    const QByteArray script = "#!/bin/sh\ntouch \"" + QFile::encodeName(TempPath("pwned")) + "\"\n";
     MakeZip("My Games/Zipped Game.ZIP",
             {{"Read Me.txt", "hello"},
-             {"Zipped Game.SFC", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")}});
+             {"Zipped Game.SFC", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")},
+             {"Zipped Game.sh", script},
+             {"Zipped Game.bat", script},
+             {"Zipped Game.pif", script}});
     m_state.Games.ClearGameList();
     GameList_ImportFileList(m_state, TempPath("My Games"));
     Game("zipped game.zip").Emulator = "Snes9X";
@@ -182,43 +147,22 @@ TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedWhenPlayEnd
     // Waiting: the extracted files go when the emulator has ended.
     m_prompts.AnswerMessage(PromptAnswer::No); // keeps the screenshot where it is
     ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
-    const GameRecord& game = Game("zipped game.zip");
-    EXPECT_EQ(game.ExtractedFile, "Zipped Game.SFC");
-    EXPECT_EQ(game.ExtractedShortName, "zipped_game.sfc");
     EXPECT_TRUE(m_snes9x.Arguments().value(0).endsWith("/zipped_game.sfc"));
     EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
     EXPECT_FALSE(QFileInfo(m_snes9x.Arguments().value(0)).isSymLink()); // its link is gone
+    EXPECT_FALSE(QFile::exists(TempPath("pwned")));
+    EXPECT_TRUE(LaunchLog().contains("    Launch File: snes9x\r\n"));
 
     // Without waiting the emulator still reads the game after the launch returns:
     // it stays until the next launch (or the program's end).
     m_snes9x.Reset();
     m_state.Options.Snapshots_UseWizard = 0;
     ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+    ASSERT_TRUE(Ran());
     EXPECT_TRUE(QFile::exists(extracted));
     EXPECT_FALSE(ReadFile(m_snes9x.Arguments().value(0)).isEmpty());
     EmulatorLauncher(m_state, m_prompts, m_shell, m_player).ReleaseDetachedPlay();
     EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
-}
-
-TEST_F(LaunchEmuTest, FilesFromAnArchiveAreNeverStartedAsTheGamesOwnLaunchFile) {
-    EnableLog();
-    const QByteArray script = "#!/bin/sh\ntouch \"" + QFile::encodeName(TempPath("pwned")) + "\"\n";
-    MakeZip("My Games/game.zip",
-            {{"game.sfc", SnesImageBuilder::ValidLoRomWithCopierHeader("GAME")},
-             {"game.sh", script},
-             {"game.bat", script},
-             {"game.pif", script}});
-    m_state.Games.ClearGameList();
-    GameList_ImportFileList(m_state, TempPath("My Games"));
-    Game("game.zip").Emulator = "Snes9X";
-    m_state.Options.RomBatchFileSupport = 1;
-    m_prompts.AnswerMessage(PromptAnswer::No);
-
-    ASSERT_EQ(Launch("game.zip"), LaunchEnd::Ended);
-    EXPECT_TRUE(m_snes9x.Arguments().value(0).endsWith("/game.sfc"));
-    EXPECT_FALSE(QFile::exists(TempPath("pwned")));
-    EXPECT_TRUE(LaunchLog().contains("    Launch File: snes9x\r\n"));
 }
 
 } // namespace

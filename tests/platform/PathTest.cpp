@@ -1,6 +1,7 @@
 #include "config/SettingsStore.h"
 #include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
+#include "support/EnvironmentChange.h"
 #include "support/TestFixtures.h"
 
 #include <QCoreApplication>
@@ -13,7 +14,7 @@ namespace {
 
 using PathTest = LumbraTest;
 
-TEST_F(PathTest, ResolverMatchesEachComponentWithoutRegardToCase) {
+TEST_F(PathTest, ResolverMatchesEachComponentWithoutRegardToCaseAndShortPathsAlias) {
     const QString file = WriteFile("SNES Roms/Zelda/Link.SMC", "x");
     PathResolver resolver;
     EXPECT_EQ(resolver.Resolve(TempPath("snes roms/zelda/link.smc")), file);
@@ -22,15 +23,14 @@ TEST_F(PathTest, ResolverMatchesEachComponentWithoutRegardToCase) {
     EXPECT_EQ(resolver.Resolve(TempPath("snes roms/none.smc")), QString());
     EXPECT_TRUE(resolver.IsFile(TempPath("snes roms/zelda/LINK.smc")));
     EXPECT_FALSE(resolver.IsFile(TempPath("snes roms/zelda")));
-}
 
-TEST_F(PathTest, ShortPathsAreLowerCaseBlankFreeAliases) {
-    const QString file = WriteFile("My Games/Super Mario.SMC", "mario");
-    const QString shortPath = GetShortPath(file);
+    // Short paths are lower-case, blank-free aliases.
+    const QString game = WriteFile("My Games/Super Mario.SMC", "mario");
+    const QString shortPath = GetShortPath(game);
     EXPECT_TRUE(shortPath.endsWith("/super_mario.smc"));
     EXPECT_FALSE(shortPath.contains(' ') || shortPath != shortPath.toLower());
-    EXPECT_EQ(QFileInfo(shortPath).canonicalFilePath(), QFileInfo(file).canonicalFilePath());
-    EXPECT_EQ(GetShortPath(file.toLower()), shortPath); // reused, found through any case
+    EXPECT_EQ(QFileInfo(shortPath).canonicalFilePath(), QFileInfo(game).canonicalFilePath());
+    EXPECT_EQ(GetShortPath(game.toLower()), shortPath); // reused, found through any case
     EXPECT_EQ(GetShortPath(TempPath("My Games/missing.smc")), QString());
     EXPECT_TRUE(GetTempFolder().endsWith('/'));
 }
@@ -41,8 +41,7 @@ TEST_F(PathTest, ShortPathLinksLiveInAPrivateFolderAndGoWhenPlayEnds) {
         QDir::tempPath() + "/lumbra-runtime-" + QString::number(QCoreApplication::applicationPid());
     QDir(runtime).removeRecursively();
     ASSERT_TRUE(QDir().mkpath(runtime));
-    const QByteArray savedRuntime = qgetenv("XDG_RUNTIME_DIR");
-    qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    const EnvironmentChange runtimeChange("XDG_RUNTIME_DIR", runtime);
     const QString root = runtime + "/lumbra-short";
     const QString file = WriteFile("My Games/Super Mario.SMC", "mario");
 
@@ -71,14 +70,11 @@ TEST_F(PathTest, ShortPathLinksLiveInAPrivateFolderAndGoWhenPlayEnds) {
     RemoveShortPathLinks();
     QDir().mkpath(QFileInfo(inTheWay).path());
     QFile blocker(inTheWay);
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
-    blocker.write("keep me");
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly) && blocker.write("keep me") == 7);
     blocker.close();
     EXPECT_EQ(GetShortPath(file), QString());
     EXPECT_TRUE(ShortPathFailure().contains("left as it is"));
     EXPECT_EQ(ReadFile(inTheWay), "keep me");
-
-    qputenv("XDG_RUNTIME_DIR", savedRuntime);
     QDir(runtime).removeRecursively();
 }
 
