@@ -12,9 +12,9 @@ TEST_F(PlayStatisticsTest, StartsAndPlayTimesAddUpPerGameInASectionOfTheirOwn) {
         AddGame("zelda.smc", "zelda.smc", "/games/more/"); // same name, other folder
     EXPECT_EQ(PlayStatisticsText(ReadPlayStatistics(m_state.Store, zelda)), "Never played");
 
-    const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1);
-    QElapsedTimer clock = StartPlay(m_state.Store, zelda);
-    EXPECT_TRUE(clock.isValid());
+    // The date of the last start and the clock a play is timed by are checked with
+    // the launch.
+    StartPlay(m_state.Store, zelda);
     StartPlay(m_state.Store, zelda);
     AddPlayTime(m_state.Store, zelda, 1499);
     AddPlayTime(m_state.Store, zelda, 5400 * 1000 + 500);
@@ -22,7 +22,6 @@ TEST_F(PlayStatisticsTest, StartsAndPlayTimesAddUpPerGameInASectionOfTheirOwn) {
     const PlayStatistics played = ReadPlayStatistics(m_state.Store, zelda);
     EXPECT_EQ(played.PlayCount, 2);
     EXPECT_EQ(played.PlaySeconds, 1 + 5401);
-    EXPECT_GE(played.LastPlayed, before);
     EXPECT_EQ(ReadPlayStatistics(m_state.Store, twin).PlayCount, 0);
     // The game records' own section is left as it was.
     EXPECT_EQ(m_state.Store.Sections(), QStringList{"Play Statistics\\/games/snes/"});
