@@ -7,12 +7,6 @@ namespace {
 
 class GameListTest : public LumbraTest {
 protected:
-    GameRecord& AddGame(const QString& caption, const QString& filename,
-                        const QString& folder = "/roms/") {
-        GameRecord& record = m_state.Games.Records[m_state.Games.Count()];
-        record = {caption, filename, {}, {}, folder, {}, FixedGroup, "Default", "Default"};
-        return record;
-    }
     // Caption;Group;Emulator;Profile;ExtractedShortName;ExtractedFile of one record.
     QString Fields(int index) const {
         const GameRecord& r = m_state.Games.Records[index];
@@ -62,37 +56,14 @@ TEST_F(GameListTest, TagDuplicatesNumbersLaterCopiesInOrder) {
     AddGame("zelda", "zelda.smc");
     m_state.Games.TagDuplicates();
     EXPECT_EQ(Captions().last(), "zelda");
-}
 
-// Every record compared with every later one, captions as they stand when reached.
-QStringList TaggedPairwise(QStringList captions) {
-    for (int i = 0; i + 1 < captions.size(); ++i) {
-        const QString caption = captions[i].toLower();
-        int copy = 2;
-        for (int j = i + 1; j < captions.size(); ++j) {
-            if (captions[j].toLower() == caption)
-                captions[j] += QStringLiteral(" (%1)").arg(copy++);
-        }
-    }
-    return captions;
-}
-
-TEST_F(GameListTest, TaggingGivesWhatComparingEveryPairGives) {
-    // Few distinct captions, some of which look like tagged ones, so that tags
-    // collide with captions further down the list.
-    const QStringList pool{"a", "A", "a (2)", "A (3)", "a (2) (2)", "b", "b (2)", "B (2) (2)"};
-    quint32 seed = 7;
-    for (int round = 0; round < 40; ++round) {
-        m_state.Games.ClearGameList();
-        QStringList captions;
-        for (int i = 0; i < 1 + round * 5; ++i) {
-            seed = seed * 1103515245u + 12345u;
-            captions << pool[static_cast<int>((seed >> 16) % pool.size())];
-            AddGame(captions.last(), QString::number(i));
-        }
-        m_state.Games.TagDuplicates();
-        ASSERT_EQ(Captions(), TaggedPairwise(captions)) << "round " << round;
-    }
+    // Captions are compared as they stand when reached, so a tag given earlier can
+    // make a copy of a caption further down.
+    m_state.Games.ClearGameList();
+    for (const char* caption : {"a", "a (2)", "A", "a", "a (2) (2)"})
+        AddGame(caption, caption);
+    m_state.Games.TagDuplicates();
+    EXPECT_EQ(Captions(), (QStringList{"a", "a (2)", "A (2) (2)", "a (3)", "a (2) (2) (2)"}));
 }
 
 TEST_F(GameListTest, StoreHoldsFourOrSixFieldsAndImportLaysThemOver) {

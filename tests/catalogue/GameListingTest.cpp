@@ -7,6 +7,7 @@
 #include "support/TestFixtures.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -25,13 +26,11 @@ QStringList Shown(const QList<GameLine>& lines) {
 }
 
 TEST(FoldedTextTest, DropsAccentsAndCaseAndUnfoldsCompatibilityForms) {
-    EXPECT_EQ(FoldedText(u"Pokémon ÀÉÎÕÜ"), "pokemon aeiou");
-    EXPECT_EQ(FoldedText(u"Poke\u0301mon"), "pokemon"); // the accent as a mark of its own
-    EXPECT_EQ(FoldedText(u"ＺＥＬＤＡ ﬁnal ²"), "zelda final 2");
-    EXPECT_EQ(FoldedText(u"İstanbul Ωmega"), "istanbul ωmega");
-    EXPECT_EQ(FoldedText(u"\U0001D400\U0001D41B"), "ab"); // mathematical bold, beyond 16 bits
-    EXPECT_EQ(FoldedText(u"Straße Øre"), "straße øre");   // no decomposition: kept
-    EXPECT_EQ(FoldedText(u"Plain ASCII 7"), "plain ascii 7");
+    // A separate accent mark, compatibility forms, mathematical bold beyond 16 bits;
+    // letters without a decomposition are kept.
+    EXPECT_EQ(FoldedText(u"Pokémon ÀÉÎÕÜ Poke\u0301mon ＺＥＬＤＡ ﬁnal ² İstanbul Ωmega "
+                         u"\U0001D400\U0001D41B Straße Øre Plain ASCII 7"),
+              "pokemon aeiou pokemon zelda final 2 istanbul ωmega ab straße øre plain ascii 7");
 }
 
 TEST(NaturalOrderTest, IgnoresCaseAndAccentsAndCountsDigitRunsAsNumbers) {
@@ -64,10 +63,9 @@ TEST(GameFilterTest, EveryWordInTheCaptionOrTheFileName) {
     EXPECT_TRUE(matches("smw", "Super Mario World", "smw.smc"));        // the file name alone
     EXPECT_TRUE(matches("super .smc", "Super Mario World", "smw.smc")); // one word in each
     EXPECT_FALSE(matches("smw mario kart", "Super Mario World", "smw.smc"));
-    EXPECT_TRUE(matches("pokemon", "Pokémon Stadium", "pokemon.sfc"));
-    EXPECT_TRUE(matches("POKÉ\tSTAD", "Pokemon Stadium", "ps.sfc"));
-    EXPECT_TRUE(matches("espana", "x", "españa.smc"));
-
+    EXPECT_TRUE(matches("POKÉ\tSTAD", "Pokemon Stadium", "ps.sfc") &&
+                matches("pokemon", "Pokémon Stadium", "p.sfc") &&
+                matches("espana", "x", "españa.smc"));
     const GameFilter blank(u" \t ");
     EXPECT_TRUE(blank.IsEmpty());
     EXPECT_TRUE(blank.Matches(u"anything", u"at all"));
@@ -77,16 +75,14 @@ TEST(GameFilterTest, EveryWordInTheCaptionOrTheFileName) {
 class GameListingTest : public LumbraTest {
 protected:
     GameListingTest() {
-        Add("Game 10", "g10.smc", "RPG");
-        Add("Game 2", "g2.smc", "RPG");
-        Add(RemovedCaption, "gone.smc", "RPG");
-        Add("zelda", "Zelda.sfc", "rpg"); // the group in another case
-        Add("Ápple Hunt", "apple.smc", FixedGroup);
-        Add("Mario", "mario.smc", "Action");
-    }
-    void Add(const QString& caption, const QString& file, const QString& group) {
-        GameRecord& record = m_state.Games.Records[m_state.Games.Count()];
-        record = {caption, file, {}, {}, "/roms/", {}, group, "Default", "Default"};
+        for (const auto& [caption, file, group] :
+             {std::tuple<QString, QString, QString>{"Game 10", "g10.smc", "RPG"},
+              {"Game 2", "g2.smc", "RPG"},
+              {RemovedCaption, "gone.smc", "RPG"},
+              {"zelda", "Zelda.sfc", "rpg"}, // other case
+              {"Ápple Hunt", "apple.smc", FixedGroup},
+              {"Mario", "mario.smc", "Action"}})
+            AddGame(caption, file, "/roms/", group);
     }
 };
 
@@ -113,7 +109,6 @@ TEST_F(GameListingTest, AGroupOrAllGamesSortedWithEachLineOnItsRecord) {
 }
 
 TEST_F(GameListingTest, AllGamesIsAViewThatNoGroupMayBecome) {
-    EnableLog();
     GroupList& groups = m_state.Groups;
     groups.Entries[0] = "RPG";
     groups.Entries[1] = "all games"; // stored by hand: the view hides it
@@ -125,17 +120,15 @@ TEST_F(GameListingTest, AllGamesIsAViewThatNoGroupMayBecome) {
     EXPECT_TRUE(IsAllGamesView(" all GAMES "));
     EXPECT_FALSE(IsAllGamesView("All Gamez") || IsAllGamesView("AllGames"));
 
+    // The refusal's words and log line are checked with the group manager.
     groups.Entries[1].clear();
     groups.Entries[1].swap(groups.Entries[2]);
     ScriptedPrompts prompts;
     EXPECT_FALSE(AddPlayerGroup(groups, prompts, " All GAMES "));
     EXPECT_TRUE(AddPlayerGroup(groups, prompts, "All Games 2"));
     EXPECT_EQ(groups.Count(), 3);
-    EXPECT_EQ(prompts.AskedTexts(), QStringList{"\"All Games\" lists every game and cannot be a "
-                                                "group; please choose another name."});
+    ASSERT_EQ(prompts.Asked().size(), 1);
     EXPECT_EQ(prompts.Asked().first().icon, PromptIcon::Exclamation);
-    EXPECT_EQ(LogText(), "\r\nAttempting to add group:  All GAMES ...Refused: \"All Games\" "
-                         "lists every game.\r\nAttempting to add group: All Games 2...Success.");
 }
 
 } // namespace

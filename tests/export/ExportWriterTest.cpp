@@ -8,19 +8,15 @@
 #include <QFile>
 #include <libxml/HTMLparser.h>
 #include <libxml/xpath.h>
+#include <tuple>
 
 namespace {
 
-// Remembers what the writer reported.
+// Remembers the labels the writer showed; the bar's steps are checked with the dialog.
 class RecordingProgress final : public Progress {
 public:
     void SetLabel(const QString& text) override { Labels << text; }
-    void SetMaximum(int maximum) override { Maximum = maximum; }
-    void SetValue(int value) override { Values << value; }
-
     QStringList Labels;
-    int Maximum = -1;
-    QList<int> Values;
 };
 
 // An HTML page as libxml2's HTML parser reads it: what it complained about, and
@@ -32,18 +28,15 @@ struct ParsedPage {
     QString Link;
 };
 
-QString NodeText(xmlNodePtr node) {
-    xmlChar* text = xmlNodeGetContent(node);
+// Text that libxml2 handed over, freed once read.
+QString Taken(xmlChar* text) {
     const QString result = QString::fromUtf8(reinterpret_cast<const char*>(text));
     xmlFree(text);
     return result;
 }
 
 QString Attribute(xmlNodePtr node, const char* name) {
-    xmlChar* value = xmlGetProp(node, reinterpret_cast<const xmlChar*>(name));
-    const QString result = QString::fromUtf8(reinterpret_cast<const char*>(value));
-    xmlFree(value);
-    return result;
+    return Taken(xmlGetProp(node, reinterpret_cast<const xmlChar*>(name)));
 }
 
 ParsedPage ParseHtml(const QByteArray& bytes) {
@@ -66,7 +59,7 @@ ParsedPage ParseHtml(const QByteArray& bytes) {
         QStringList cells;
         for (xmlNodePtr cell = row->children; cell; cell = cell->next) {
             if (cell->type == XML_ELEMENT_NODE)
-                cells << NodeText(cell);
+                cells << Taken(xmlNodeGetContent(cell));
         }
         page.Rows << cells;
     });
@@ -151,8 +144,6 @@ TEST_F(ExportWriterTest, PlainTextForEachMethodAndSortKey) {
                                "Super Famicon            zelda quest.sfc               "}) +
                             Footer(5, "Caption"));
     EXPECT_EQ(m_progress.Labels, (QStringList{"Sorting List...", "Exporting Game List..."}));
-    EXPECT_EQ(m_progress.Maximum, 5);
-    EXPECT_EQ(m_progress.Values, (QList<int>{0, 1, 2, 3, 4, 5}));
 
     m_choices.Method = ExportMethod::GameFolder;
     m_choices.Filter = TempPath("Games In The SECOND Folder");
@@ -171,24 +162,15 @@ TEST_F(ExportWriterTest, PlainTextForEachMethodAndSortKey) {
                          "Tom & Jerry <script>          "}) +
                   Footer(3, "File Size"));
 
+    // A group in any letter case: the rows alone, as the title, rule and footer are
+    // checked above. The file pattern method is checked through the command line.
     m_choices.Method = ExportMethod::Group;
     m_choices.Filter = "rpg";
     WriteColumns({"Caption", "File Size", "Group"});
-    const QString title = "Caption                       Size      Group               ";
-    EXPECT_EQ(Export(), Lines({title, QString(60, '-'),
-                               "Chrono Saga: The Very Long Caption   0K     RPG                 ",
-                               "Pilotwings                       1K     RPG                 ",
-                               "Mario Kart                      40K     rpg                 "}) +
-                            Footer(3, "File Size"));
-
-    m_choices.Method = ExportMethod::FilePattern;
-    m_choices.Filter = "*.S?C";
-    m_choices.SortKey = "Caption";
-    EXPECT_EQ(Export(), Lines({title, QString(60, '-'),
-                               "Chrono Saga: The Very Long Caption   0K     RPG                 ",
-                               "Pilotwings                       1K     RPG                 ",
-                               "Zelda Quest                      2K     Action              "}) +
-                            Footer(3, "Caption"));
+    EXPECT_EQ(Export().split("\r\n").mid(2, 4),
+              (QStringList{"Chrono Saga: The Very Long Caption   0K     RPG                 ",
+                           "Pilotwings                       1K     RPG                 ",
+                           "Mario Kart                      40K     rpg                 ", ""}));
 }
 
 TEST_F(ExportWriterTest, HtmlShowsEveryTextAsWrittenInAlternatingRows) {
@@ -204,7 +186,6 @@ TEST_F(ExportWriterTest, HtmlShowsEveryTextAsWrittenInAlternatingRows) {
     EXPECT_TRUE(
         bytes.contains("<td>Pilotwings &quot;\xe9&quot; &#9733; &lt;/td&gt;&lt;/tr&gt;</td>"));
     EXPECT_TRUE(bytes.endsWith("</body></html>\r\n"));
-    EXPECT_EQ(m_progress.Labels.last(), "Exporting Game List in HTML...");
 
     const ParsedPage page = ParseHtml(bytes);
     EXPECT_EQ(page.Errors, QStringList());
@@ -220,22 +201,7 @@ TEST_F(ExportWriterTest, HtmlShowsEveryTextAsWrittenInAlternatingRows) {
     EXPECT_EQ(page.Link, m_choices.ProductLink);
 }
 
-TEST_F(ExportWriterTest, AGameFileThatVanishedFailsTheExportAndLeavesTheTargetAlone) {
-    const QString target = WriteFile("gamelist.txt", "the last export");
-    QFile::remove(TempPath("Games In The Second Folder/pilotwings.swc"));
-    QString reason;
-    EXPECT_FALSE(WriteGameListExport(m_state.Games, m_choices, target, m_progress, &reason));
-    EXPECT_TRUE(reason.endsWith("games in the second folder/pilotwings.swc"))
-        << reason.toStdString();
-    EXPECT_EQ(ReadFile(target), "the last export");
-
-    m_choices.Method = ExportMethod::Group; // a filter that leaves the missing game out
-    m_choices.Filter = "ACTION";
-    EXPECT_TRUE(Export().startsWith("Caption"));
-    EXPECT_TRUE(Export("no such folder/list.txt").startsWith("failed: "));
-}
-
-TEST_F(ExportWriterTest, AFullDiskLeavesTheOldFileWholeAndSaysWhy) {
+TEST_F(ExportWriterTest, AFailureLeavesTheOldFileWholeAndSaysWhy) {
     const QString target = WriteFile("gamelist.txt", "the last export");
     QString reason;
     {
@@ -243,19 +209,32 @@ TEST_F(ExportWriterTest, AFullDiskLeavesTheOldFileWholeAndSaysWhy) {
         EXPECT_FALSE(WriteGameListExport(m_state.Games, m_choices, target, m_progress, &reason));
     }
     EXPECT_EQ(reason, "File too large");
-    EXPECT_EQ(ReadFile(target), "the last export");
     EXPECT_EQ(QDir(TempPath()).entryList(QDir::Files), QStringList("gamelist.txt"));
+
+    // A game file that vanished fails the export unless the filter leaves it out.
+    QFile::remove(TempPath("Games In The Second Folder/pilotwings.swc"));
+    EXPECT_FALSE(WriteGameListExport(m_state.Games, m_choices, target, m_progress, &reason));
+    EXPECT_TRUE(reason.endsWith("games in the second folder/pilotwings.swc"))
+        << reason.toStdString();
+    EXPECT_EQ(ReadFile(target), "the last export");
+    m_choices.Method = ExportMethod::Group;
+    m_choices.Filter = "ACTION";
+    EXPECT_TRUE(Export().startsWith("Caption"));
+    EXPECT_TRUE(Export("no such folder/list.txt").startsWith("failed: "));
 }
 
 TEST(FilePattern, MatchesWildcardsWithoutRegardToCase) {
-    EXPECT_TRUE(MatchesFilePattern("super mario world.smc", "*.SMC"));
-    EXPECT_TRUE(MatchesFilePattern("a.b.c", "a*c"));
-    EXPECT_TRUE(MatchesFilePattern("game.1", "*.?"));
-    EXPECT_TRUE(MatchesFilePattern("[x].sfc", "[x]*"));
-    EXPECT_FALSE(MatchesFilePattern("game.sfc.zip", "*.sfc"));
-    EXPECT_FALSE(MatchesFilePattern("x.smc", "?.s?"));
-    EXPECT_FALSE(MatchesFilePattern("", "?"));
-    EXPECT_TRUE(MatchesFilePattern("", "**"));
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"super mario world.smc", "*.SMC", true},
+        {"a.b.c", "a*c", true},
+        {"game.1", "*.?", true},
+        {"[x].sfc", "[x]*", true},
+        {"game.sfc.zip", "*.sfc", false},
+        {"x.smc", "?.s?", false},
+        {"", "?", false},
+        {"", "**", true}};
+    for (const auto& [name, pattern, matches] : cases)
+        EXPECT_EQ(MatchesFilePattern(name, pattern), matches) << name << " " << pattern;
 }
 
 } // namespace

@@ -32,15 +32,15 @@ TEST_F(SnapshotCommandsTest, ChangeDeletesTheOldSnapshotsForGoodAndCopiesThePick
     EXPECT_EQ(Shots(), QStringList{"other.bmp"});
     // A four-letter extension gives its last three letters to the copy.
     EXPECT_EQ(m_shell.Calls(), (Calls{{"ShellCopyFile", {picked, Folder() + "zelda.peg"}}}));
-    ASSERT_EQ(m_prompts.Asked().size(), 2);
-    EXPECT_EQ(m_prompts.Asked()[0].title, "Pick New Snapshot");
-    EXPECT_EQ(m_prompts.Asked()[0].filter,
-              "All Supported Formats|*.bmp;*.gif;*.jpg;*.png|Bitmap Image (*.bmp)|*.bmp|GIF Image "
-              "(*.gif)|*.gif|JPEG Image (*.jpg)|*.jpg|PNG Image (*.png)|*.png");
-    const ScriptedPrompts::Question& warning = m_prompts.Asked()[1];
-    EXPECT_TRUE(warning.text.contains("permanently delete all previous snapshots"));
-    EXPECT_EQ(warning.buttons, PromptButtons::YesNo);
-    EXPECT_EQ(warning.icon, PromptIcon::Exclamation);
+    const QList<ScriptedPrompts::Question>& asked = m_prompts.Asked();
+    ASSERT_EQ(asked.size(), 2);
+    EXPECT_EQ(
+        asked[0].title + '|' + asked[0].filter,
+        "Pick New Snapshot|All Supported Formats|*.bmp;*.gif;*.jpg;*.png|Bitmap Image "
+        "(*.bmp)|*.bmp|GIF Image (*.gif)|*.gif|JPEG Image (*.jpg)|*.jpg|PNG Image (*.png)|*.png");
+    EXPECT_TRUE(asked[1].text.contains("permanently delete all previous snapshots"));
+    EXPECT_TRUE(asked[1].buttons == PromptButtons::YesNo &&
+                asked[1].icon == PromptIcon::Exclamation);
 }
 
 TEST_F(SnapshotCommandsTest, ChangeStopsAtCancelAtNoAndAtTheGamesOwnSnapshot) {

@@ -47,6 +47,13 @@ QStringList LumbraTest::Captions() const {
     return captions;
 }
 
+GameRecord& LumbraTest::AddGame(const QString& caption, const QString& filename,
+                                const QString& folder, const QString& group) {
+    GameRecord& record = m_state.Games.Records[m_state.Games.Count()];
+    record = {caption, filename, {}, {}, folder, {}, group, "Default", "Default"};
+    return record;
+}
+
 QByteArray LumbraTest::ReadFile(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();

@@ -34,6 +34,10 @@ protected:
 
     // The games' captions, in catalogue order.
     QStringList Captions() const;
+    // A game in the first free slot, played with the default emulator and profile.
+    GameRecord& AddGame(const QString& caption, const QString& filename,
+                        const QString& folder = QStringLiteral("/roms/"),
+                        const QString& group = FixedGroup);
 
     QTemporaryDir m_temp;
     AppState m_state;
