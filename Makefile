@@ -43,9 +43,10 @@ fuzz:
 		-max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
 		-artifact_prefix=$(FUZZ_DIR)/ $(FUZZ_DIR)/corpus/$(FUZZER)
 
-# Lumbra timed against the floor of its work; strace counts its file-system calls.
+# Lumbra timed against the floor of its work; strace counts its file-system calls,
+# callgrind its instructions.
 bench: build
-	@./scripts/install-deps.sh strace
+	@./scripts/install-deps.sh strace valgrind
 	./bench/run.sh $(BUILD_DIR)
 
 format:

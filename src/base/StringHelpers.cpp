@@ -45,6 +45,32 @@ QString GetField(const QString& record, int fieldNumber, const QString& delimite
     }
 }
 
+QString LowerCase(const QString& text) {
+    qsizetype firstUpper = -1;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text.at(i).unicode();
+        if (c >= 0x80)
+            return text.toLower();
+        if (firstUpper < 0 && c >= 'A' && c <= 'Z')
+            firstUpper = i;
+    }
+    if (firstUpper < 0)
+        return text;
+    QString lower = text;
+    QChar* chars = lower.data();
+    for (qsizetype i = firstUpper; i < lower.size(); ++i) {
+        if (chars[i].unicode() >= 'A' && chars[i].unicode() <= 'Z')
+            chars[i] = QChar(chars[i].unicode() + ('a' - 'A'));
+    }
+    return lower;
+}
+
+QStringList GetFields(const QString& record, const QString& delimiter) {
+    if (delimiter.isEmpty())
+        return {};
+    return TrimBlanks(record).split(delimiter.at(0));
+}
+
 QString AddBackslash(const QString& path) {
     const QString trimmed = TrimBlanks(path);
     if (trimmed.isEmpty() || EndsWithSeparator(trimmed))

@@ -36,7 +36,8 @@ bool IsGameFile(const QString& name) {
 }
 
 struct FolderListing {
-    QStringList Files;
+    QString Resolved; // the folder as it exists, ending in a separator
+    std::vector<std::pair<QString, QString>> Files; // lower-case name, name
     QStringList LeftOut; // log lines, written after the folder's own line
     ScanReport Report;
 };
@@ -46,12 +47,12 @@ struct FolderListing {
 // apart, one stays: the file that the path resolver finds for them.
 FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
     FolderListing listing;
-    const QString resolved =
+    listing.Resolved =
         resolver.Resolve(EndsWithSeparator(folder) ? folder : folder + QLatin1Char('/'));
-    if (resolved.isEmpty())
+    if (listing.Resolved.isEmpty())
         return listing;
     std::vector<std::pair<QString, QString>> games; // lower-case name, name
-    for (const PathResolver::Entry& entry : resolver.Entries(resolved)) {
+    for (const PathResolver::Entry& entry : resolver.Entries(listing.Resolved)) {
         if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name))
             continue;
         if (entry.IsUndecodable) {
@@ -60,7 +61,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
                 QStringLiteral("Left out a file whose name is not valid UTF-8: ") + entry.Name);
             continue;
         }
-        games.emplace_back(entry.Name.toLower(), entry.Name);
+        games.emplace_back(entry.LowerName, entry.Name);
     }
     std::sort(games.begin(), games.end());
     for (auto group = games.begin(); group != games.end();) {
@@ -71,7 +72,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
         const auto kept =
             std::find_if(group, end, [](const auto& game) { return game.first == game.second; });
         const QString& name = (kept != end ? kept : group)->second;
-        listing.Files.append(name);
+        listing.Files.emplace_back(group->first, name);
         for (auto twin = group; twin != end; ++twin) {
             if (twin->second == name)
                 continue;
@@ -97,27 +98,35 @@ ScanReport GameList_ImportFileList(AppState& state, const QString& folder, PathR
 
     const QString listingFolder = ListingFolder(folder);
     FolderListing listing = ListGameFiles(listingFolder, resolver);
-    const QStringList& files = listing.Files;
+    const auto& files = listing.Files;
     const int folderIndex = state.GameFolders.FindGameFolderIndex(folder);
     if (folderIndex >= 0)
         state.GameFolders.Entries[folderIndex].RomCount = static_cast<qint16>(files.size());
+    const qsizetype fileCount = static_cast<qsizetype>(files.size());
 
     // The separator is appended unconditionally, so a root folder ends in two.
-    const QString recordFolder = listingFolder.toLower() + QDir::separator();
+    const QString recordFolder = LowerCase(listingFolder) + QDir::separator();
+    // The records' lower-case folder names the listed one unless another folder
+    // differs from it in letter case only; then each game is looked up as before.
+    const bool sameFolder = resolver.Resolve(recordFolder) == listing.Resolved;
     GameList& games = state.Games;
     int slot = games.Count(); // the list is packed: each file takes the next free slot
-    for (qsizetype i = 0; i < files.size(); ++i, ++slot) {
+    for (qsizetype i = 0; i < fileCount; ++i, ++slot) {
         if (slot >= GameList::Capacity) {
             LogError(SubscriptOutOfRange, QStringLiteral("GameList_ImportFileList"));
-            listing.Report.LeftOutFull = static_cast<int>(files.size() - i);
+            listing.Report.LeftOutFull = static_cast<int>(fileCount - i);
             LogLeftOut(listing.LeftOut);
             return listing.Report;
         }
         GameRecord& record = games.Records[slot];
         record.Group = FixedGroup;
         record.Folder = recordFolder;
-        record.Filename = files[i].toLower();
+        const auto& [lowerName, name] = files[static_cast<std::size_t>(i)];
+        record.Filename = lowerName;
         record.Caption = record.Filename;
+        // Opening the game later in this operation needs no look-up of its name.
+        if (sameFolder)
+            resolver.Remember(recordFolder + lowerName, listing.Resolved + name);
         record.Emulator = QStringLiteral("Default");
         record.Profile = QStringLiteral("Default");
         // Deliberately -1 (true), not the 1 that the settings dialog stores.

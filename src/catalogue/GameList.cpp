@@ -1,6 +1,7 @@
 #include "catalogue/GameList.h"
 
 #include "base/EventLog.h"
+#include "base/StringHelpers.h"
 
 #include <QHash>
 #include <algorithm>
@@ -45,17 +46,17 @@ void GameList::TagDuplicates() {
     // reached yet are kept by lower-case caption, in list order.
     QHash<QString, std::vector<int>> holders;
     for (int i = 0; i <= last; ++i)
-        holders[Records[i].Caption.toLower()].push_back(i);
+        holders[LowerCase(Records[i].Caption)].push_back(i);
     bool found = false;
     for (int i = 0; i < last; ++i) {
-        std::vector<int>& same = holders[Records[i].Caption.toLower()];
+        std::vector<int>& same = holders[LowerCase(Records[i].Caption)];
         // Every earlier record has left its list, so record i comes first in its own.
         const std::vector<int> later(same.begin() + 1, same.end());
         same.clear();
         int copy = 2;
         for (const int j : later) {
             Records[j].Caption += QStringLiteral(" (") + QString::number(copy++) + QLatin1Char(')');
-            std::vector<int>& tagged = holders[Records[j].Caption.toLower()];
+            std::vector<int>& tagged = holders[LowerCase(Records[j].Caption)];
             tagged.insert(std::lower_bound(tagged.begin(), tagged.end(), j), j);
             found = true;
         }

@@ -17,7 +17,7 @@ namespace {
 const QString Delimiter = QStringLiteral(";");
 
 QString GameSection(const GameRecord& record) {
-    return QStringLiteral("Game List\\") + record.Folder.toLower();
+    return QStringLiteral("Game List\\") + LowerCase(record.Folder);
 }
 
 // Caption;Group;Emulator;Profile, and the two extraction names only when both are set.
@@ -35,20 +35,21 @@ void ImportFromStore(AppState& state, Progress& progress, PathResolver& resolver
     progress.SetMaximum(games.FindGame(QStringLiteral("filename"), QString()) - 1);
     for (int i = 0; i < GameList::Capacity && !games.Records[i].Filename.isEmpty(); ++i) {
         GameRecord& record = games.Records[i];
-        const QString value = state.Store.Read(GameSection(record), record.Filename.toLower());
+        const QString value = state.Store.Read(GameSection(record), LowerCase(record.Filename));
         if (value.isEmpty()) {
             record.Caption = GetRomCaption(record.Folder + record.Filename,
                                            state.Options.UseBaseFilenames, resolver);
         } else {
-            record.Caption = GetField(value, 1, Delimiter);
-            record.Group = GetField(value, 2, Delimiter);
+            const QStringList fields = GetFields(value, Delimiter);
+            record.Caption = fields.value(0);
+            record.Group = fields.value(1);
             // An empty name would find a free entry, not a group.
             if (record.Group.isEmpty() || state.Groups.FindGroup(record.Group) < 0)
                 record.Group = FixedGroup;
-            record.Emulator = GetField(value, 3, Delimiter);
-            record.Profile = GetField(value, 4, Delimiter);
-            record.ExtractedShortName = GetField(value, 5, Delimiter);
-            record.ExtractedFile = GetField(value, 6, Delimiter);
+            record.Emulator = fields.value(2);
+            record.Profile = fields.value(3);
+            record.ExtractedShortName = fields.value(4);
+            record.ExtractedFile = fields.value(5);
         }
         progress.SetValue(i);
     }
@@ -60,7 +61,7 @@ void ExportToStore(AppState& state) {
     for (const GameRecord& record : state.Games.Records) {
         if (record.Filename.isEmpty())
             break;
-        state.Store.Write(GameSection(record), record.Filename.toLower(), StoredValue(record));
+        state.Store.Write(GameSection(record), LowerCase(record.Filename), StoredValue(record));
     }
     state.Store.Sync();
     LogEvent(QStringLiteral("Done."), true);

@@ -1,14 +1,17 @@
 #include "config/SettingsStore.h"
 
-#include "config/AbandonedLock.h"
+#include "config/StoreFile.h"
 
-#include <QSettings>
+#include <QStandardPaths>
+#include <algorithm>
 
 namespace {
 
-// QSettings splits groups and keys at "/", which every Linux folder path holds.
-// Escaping "/" (and the escape character itself) keeps each text one group or key.
+// The file's names split at "/", which every Linux folder path holds. Escaping "/"
+// (and the escape character itself) keeps each text one section or key name.
 QString Encode(const QString& text) {
+    if (!text.contains(QLatin1Char('%')) && !text.contains(QLatin1Char('/')))
+        return text;
     QString encoded = text;
     encoded.replace(QLatin1Char('%'), QStringLiteral("%25"));
     encoded.replace(QLatin1Char('/'), QStringLiteral("%2F"));
@@ -16,56 +19,97 @@ QString Encode(const QString& text) {
 }
 
 QString Decode(const QString& text) {
+    if (!text.contains(QLatin1Char('%')))
+        return text;
     QString decoded = text;
     decoded.replace(QStringLiteral("%2F"), QStringLiteral("/"));
     decoded.replace(QStringLiteral("%25"), QStringLiteral("%"));
     return decoded;
 }
 
-QString FullKey(const QString& section, const QString& key) {
-    return Encode(section) + QLatin1Char('/') + Encode(key);
+// Where QSettings keeps the per-user store of the application in its native form:
+// "$XDG_CONFIG_HOME/Lumbra/Lumbra.conf" on Linux.
+QString StorePath(const QString& application) {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QLatin1Char('/') + application + QLatin1Char('/') + application +
+           QStringLiteral(".conf");
+}
+
+// An empty section or key name folds into the other, as QSettings folds the "/"
+// between them away: the pair names a key of the General part.
+std::pair<QString, QString> FileName(const QString& fileSection, const QString& key) {
+    const QString encodedKey = Encode(key);
+    if (!fileSection.isEmpty() && !encodedKey.isEmpty())
+        return {fileSection, encodedKey};
+    return {QString(), fileSection + encodedKey};
 }
 
 } // namespace
 
 SettingsStore::SettingsStore(const QString& application)
-    : m_settings(std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
-                                             application, application)) {}
+    : m_file(StoreFile::Open(StorePath(application))) {}
 
-SettingsStore::~SettingsStore() = default;
+// Changes not synced yet are saved when the store goes, as QSettings saves them.
+SettingsStore::~SettingsStore() {
+    if (m_file->HasUnsavedChanges())
+        WriteFile();
+}
+
+const QString& SettingsStore::FileSection(const QString& section) const {
+    if (section != m_lastSection || m_lastFileSection.isNull()) {
+        m_lastSection = section;
+        m_lastFileSection = Encode(section);
+        if (m_lastFileSection.isNull())
+            m_lastFileSection = QStringLiteral("");
+    }
+    return m_lastFileSection;
+}
 
 QString SettingsStore::Read(const QString& section, const QString& key,
                             const QString& defaultValue) const {
-    const QVariant value = m_settings->value(FullKey(section, key));
-    return value.isValid() ? value.toString() : defaultValue;
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    const StoreValue* value = m_file->Find(fileSection, fileKey);
+    return value && !IsAbsentValue(*value) ? TextOfValue(*value) : defaultValue;
 }
 
 bool SettingsStore::Contains(const QString& section, const QString& key) const {
-    return m_settings->contains(FullKey(section, key));
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    return m_file->Find(fileSection, fileKey) != nullptr;
 }
 
 void SettingsStore::Write(const QString& section, const QString& key, const QString& value) {
-    m_settings->setValue(FullKey(section, key), value);
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    m_file->Set(fileSection, fileKey, ValueOfText(value));
 }
 
 void SettingsStore::DeleteSection(const QString& section) {
-    m_settings->remove(Encode(section));
+    m_file->RemoveSection(FileSection(section));
 }
 
 QList<std::pair<QString, QString>> SettingsStore::ListSection(const QString& section) const {
     QList<std::pair<QString, QString>> pairs;
-    m_settings->beginGroup(Encode(section));
-    const QStringList keys = m_settings->childKeys();
-    for (const QString& key : keys)
-        pairs.append({Decode(key), m_settings->value(key).toString()});
-    m_settings->endGroup();
+    const StoreSection found = m_file->Content().value(FileSection(section));
+    QStringList keys = found.keys();
+    std::sort(keys.begin(), keys.end());
+    for (const QString& key : std::as_const(keys)) {
+        // A key under a further "/" belongs to a subsection, not to this one.
+        if (!key.contains(QLatin1Char('/')))
+            pairs.append({Decode(key), TextOfValue(found.value(key))});
+    }
     return pairs;
 }
 
 QStringList SettingsStore::Sections() const {
+    QStringList names;
+    const StoreContent& content = m_file->Content();
+    for (auto it = content.cbegin(); it != content.cend(); ++it) {
+        if (!it.key().isEmpty() && !it->isEmpty())
+            names.append(it.key());
+    }
+    std::sort(names.begin(), names.end());
     QStringList sections;
-    for (const QString& group : m_settings->childGroups())
-        sections.append(Decode(group));
+    for (const QString& name : std::as_const(names))
+        sections.append(Decode(name));
     return sections;
 }
 
@@ -78,10 +122,8 @@ void SettingsStore::Sync() {
 
 void SettingsStore::WriteFile() {
     m_syncDue = false;
-    // QSettings takes "<file>.lock" for a write and waits for a lock that a killed
-    // process left behind until it has aged, about half a minute.
-    RemoveAbandonedLock(m_settings->fileName() + QStringLiteral(".lock"));
-    m_settings->sync();
+    QString error;
+    m_file->Save(error);
 }
 
 SettingsStore::Batch::Batch(SettingsStore& store) : m_store(store) {
@@ -94,10 +136,10 @@ SettingsStore::Batch::~Batch() {
 }
 
 void SettingsStore::Clear() {
-    m_settings->clear();
+    m_file->Clear();
     WriteFile();
 }
 
 QString SettingsStore::FilePath() const {
-    return m_settings->fileName();
+    return m_file->Path();
 }

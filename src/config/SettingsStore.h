@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-class QSettings;
+class StoreFile;
 
 // The key of a stored list's entry: its index written with two digits, "00" to "99".
 inline QString IndexKey(int index) {
@@ -55,8 +55,12 @@ public:
 
 private:
     void WriteFile();
+    // The section's name in the file; a run of writes to one section names it once.
+    const QString& FileSection(const QString& section) const;
 
-    std::unique_ptr<QSettings> m_settings;
+    std::shared_ptr<StoreFile> m_file;
+    mutable QString m_lastSection;
+    mutable QString m_lastFileSection;
     int m_batchDepth = 0;
     bool m_syncDue = false;
 };

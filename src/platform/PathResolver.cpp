@@ -1,5 +1,7 @@
 #include "platform/PathResolver.h"
 
+#include "base/StringHelpers.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -48,7 +50,7 @@ QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
             isFile =
                 ::fstatat(::dirfd(dir), entry->d_name, &target, 0) == 0 && S_ISREG(target.st_mode);
         }
-        entries.append({name, isFile, raw.startsWith('.'), utf8.hasError()});
+        entries.append({name, isFile, raw.startsWith('.'), utf8.hasError(), LowerCase(name)});
     }
     ::closedir(dir);
     return entries;
@@ -63,7 +65,8 @@ QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
     while (it.hasNext()) {
         it.next();
         const QFileInfo info = it.fileInfo();
-        entries.append({info.fileName(), info.isFile(), info.isHidden(), false});
+        entries.append(
+            {info.fileName(), info.isFile(), info.isHidden(), false, LowerCase(info.fileName())});
     }
     return entries;
 }
@@ -79,7 +82,7 @@ const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
             if (entry.IsUndecodable)
                 continue;
             listing.Names.insert(entry.Name);
-            QString& first = listing.ByLowerName[entry.Name.toLower()];
+            QString& first = listing.ByLowerName[entry.LowerName];
             if (first.isEmpty() || entry.Name < first)
                 first = entry.Name;
         }
@@ -102,7 +105,7 @@ QString PathResolver::Match(const QString& folder, const QString& name) {
     const Listing& listing = ListFolder(folder);
     if (listing.Names.contains(name))
         return name;
-    return listing.ByLowerName.value(name.toLower());
+    return listing.ByLowerName.value(LowerCase(name));
 }
 
 // folder ends in "/" (or is empty for the current folder); so does the result.
@@ -127,7 +130,14 @@ QString PathResolver::ResolveFolder(const QString& folder) {
     return resolved;
 }
 
+void PathResolver::Remember(const QString& path, const QString& resolved) {
+    m_remembered.insert(path, resolved);
+}
+
 QString PathResolver::Resolve(const QString& path) {
+    const auto remembered = m_remembered.constFind(path);
+    if (remembered != m_remembered.constEnd())
+        return *remembered;
     if (path.trimmed().isEmpty())
         return QString();
     QString normalized = WithForwardSlashes(path);

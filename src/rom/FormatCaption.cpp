@@ -44,7 +44,7 @@ QString BlankedText(const QString& text) {
 } // namespace
 
 QString FormatCaption(const QString& text) {
-    QString caption = TrimBlanks(BlankedText(text)).toLower();
+    QString caption = LowerCase(TrimBlanks(BlankedText(text)));
     bool atWordStart = true;
     qsizetype i = 0;
     while (i < caption.size()) {
@@ -60,7 +60,8 @@ QString FormatCaption(const QString& text) {
         qsizetype end = i + 1;
         while (end < caption.size() && caption.at(end).isLetterOrNumber())
             ++end;
-        const QString upper = caption.mid(i, end - i).toUpper();
+        // The words kept in capitals are short; a longer word needs no look-up.
+        const QString upper = end - i <= 4 ? caption.mid(i, end - i).toUpper() : QString();
         if (upper.size() == end - i && WordsKeptUpper().contains(upper))
             caption.replace(i, end - i, upper);
         else if (atWordStart && c.isLetter())

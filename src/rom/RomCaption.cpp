@@ -26,7 +26,7 @@ QString RawTitle(const QString& path, PathResolver& resolver) {
 
 QString FirstCaption(const QString& path, qint16 useBaseFilenames, PathResolver& resolver) {
     // An archive is not opened: its file name stands for the title.
-    const bool zipped = path.right(3).toLower() == QLatin1String("zip");
+    const bool zipped = LowerCase(path.right(3)) == QLatin1String("zip");
     const QString caption = FormatCaption(zipped ? GetFileName(path) : RawTitle(path, resolver));
     if (!caption.isEmpty())
         return caption;

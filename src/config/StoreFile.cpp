@@ -1,0 +1,211 @@
+#include "config/StoreFile.h"
+
+#include "config/AbandonedLock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QSettings>
+#include <memory>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
+namespace {
+
+#if defined(Q_OS_WIN) || defined(Q_OS_DARWIN)
+
+// The native store is no INI file here (the registry, a property list):
+// QSettings reads and writes it, one key at a time.
+StoreContent ReadContent(const QString& path) {
+    Q_UNUSED(path);
+    StoreContent content;
+    QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Lumbra"),
+                       QStringLiteral("Lumbra"));
+    for (const QString& name : settings.allKeys()) {
+        const qsizetype slash = name.indexOf(QLatin1Char('/'));
+        content[slash < 0 ? QString() : name.left(slash)].insert(
+            name.mid(slash + 1), ValueOfText(settings.value(name).toString()));
+    }
+    return content;
+}
+
+bool WriteContent(const QString& path, const StoreContent& content, QString& error) {
+    Q_UNUSED(path);
+    QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Lumbra"),
+                       QStringLiteral("Lumbra"));
+    settings.clear();
+    for (auto section = content.cbegin(); section != content.cend(); ++section) {
+        for (auto key = section->cbegin(); key != section->cend(); ++key) {
+            if (!IsAbsentValue(*key))
+                settings.setValue(section.key().isEmpty()
+                                      ? key.key()
+                                      : section.key() + QLatin1Char('/') + key.key(),
+                                  TextOfValue(*key));
+        }
+    }
+    settings.sync();
+    if (settings.status() == QSettings::NoError)
+        return true;
+    error = QStringLiteral("the settings could not be written");
+    return false;
+}
+
+#else
+
+StoreContent ReadContent(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? ParseStoreText(file.readAll()) : StoreContent();
+}
+
+bool WriteContent(const QString& path, const StoreContent& content, QString& error) {
+    const bool created = !QFileInfo::exists(path);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(StoreText(content)) < 0 || !file.commit()) {
+        error = file.errorString();
+        return false;
+    }
+    // As QSettings leaves a file it creates: readable by all, written by its owner.
+    if (created)
+        QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner |
+                                        QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+    return true;
+}
+
+#endif
+
+} // namespace
+
+std::shared_ptr<StoreFile> StoreFile::Open(const QString& path) {
+    // One thread uses the store; the files stay while any store holds them.
+    static QHash<QString, std::weak_ptr<StoreFile>> open;
+    std::shared_ptr<StoreFile> file = open.value(path).lock();
+    if (file) {
+        file->Refresh();
+        return file;
+    }
+    file = std::make_shared<StoreFile>(path);
+    open.insert(path, file);
+    return file;
+}
+
+StoreFile::StoreFile(const QString& path) : m_path(path) {
+    Load();
+}
+
+StoreFile::Identity StoreFile::IdentityOf(const QString& path) {
+    Identity identity;
+#ifdef Q_OS_UNIX
+    struct stat status {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return identity;
+    identity.Size = status.st_size;
+    identity.Inode = static_cast<qint64>(status.st_ino);
+    identity.ModifiedNs = status.st_mtim.tv_sec * 1000000000LL + status.st_mtim.tv_nsec;
+    identity.ChangedNs = status.st_ctim.tv_sec * 1000000000LL + status.st_ctim.tv_nsec;
+#else
+    const QFileInfo info(path);
+    if (!info.exists())
+        return identity;
+    identity.Size = info.size();
+    identity.ModifiedNs = info.lastModified().toMSecsSinceEpoch() * 1000000LL;
+    identity.ChangedNs = info.metadataChangeTime().toMSecsSinceEpoch() * 1000000LL;
+#endif
+    return identity;
+}
+
+void StoreFile::Load() {
+    m_loaded = IdentityOf(m_path);
+    m_content = ReadContent(m_path);
+}
+
+void StoreFile::Refresh() {
+    if (IdentityOf(m_path) == m_loaded)
+        return;
+    Load();
+    m_changed = false;
+    for (const Change& change : std::as_const(m_unsaved))
+        m_changed = Apply(change) || m_changed;
+}
+
+const StoreValue* StoreFile::Find(const QString& section, const QString& key) const {
+    const auto found = m_content.constFind(section);
+    if (found == m_content.constEnd())
+        return nullptr;
+    const auto value = found->constFind(key);
+    return value == found->constEnd() ? nullptr : &*value;
+}
+
+bool StoreFile::Apply(const Change& change) {
+    switch (change.What) {
+    case Change::Kind::Set: {
+        StoreSection& section = m_content[change.Section];
+        const auto it = section.find(change.Key);
+        if (it != section.end() && *it == change.Value)
+            return false;
+        section.insert(change.Key, change.Value);
+        return true;
+    }
+    case Change::Kind::RemoveSection: {
+        bool removed = m_content.remove(change.Section);
+        const auto general = m_content.find(QString());
+        if (general != m_content.end())
+            removed = general->remove(change.Section) || removed;
+        return removed;
+    }
+    case Change::Kind::Clear: {
+        const bool hadKeys = !m_content.isEmpty();
+        m_content.clear();
+        return hadKeys;
+    }
+    }
+    return false;
+}
+
+void StoreFile::Set(const QString& section, const QString& key, const StoreValue& value) {
+    Change change{Change::Kind::Set, section, key, value};
+    m_changed = Apply(change) || m_changed;
+    m_unsaved.append(std::move(change));
+}
+
+void StoreFile::RemoveSection(const QString& section) {
+    Change change{Change::Kind::RemoveSection, section, QString(), StoreValue()};
+    m_changed = Apply(change) || m_changed;
+    m_unsaved.append(std::move(change));
+}
+
+void StoreFile::Clear() {
+    m_unsaved.clear(); // nothing before a clear matters
+    Change change{Change::Kind::Clear, QString(), QString(), StoreValue()};
+    m_changed = Apply(change) || m_changed;
+    m_unsaved.append(std::move(change));
+}
+
+bool StoreFile::Save(QString& error) {
+    if (m_unsaved.isEmpty()) {
+        Refresh();
+        return true;
+    }
+    const QString lockPath = m_path + QStringLiteral(".lock");
+    QDir().mkpath(QFileInfo(m_path).absolutePath());
+    // The lock that QSettings takes for a write, so that the two never interleave;
+    // one left behind by a killed process would hold a save for half a minute.
+    RemoveAbandonedLock(lockPath);
+    QLockFile lock(lockPath);
+    lock.lock();
+    Refresh();
+    if (!m_changed) {
+        m_unsaved.clear();
+        return true;
+    }
+    if (!WriteContent(m_path, m_content, error))
+        return false; // the changes stay, for the next save
+    m_unsaved.clear();
+    m_changed = false;
+    m_loaded = IdentityOf(m_path);
+    return true;
+}
