@@ -46,22 +46,20 @@ QString GetField(const QString& record, int fieldNumber, const QString& delimite
 }
 
 QString LowerCase(const QString& text) {
-    qsizetype firstUpper = -1;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t c = text.at(i).unicode();
-        if (c >= 0x80)
+    const char16_t* const begin = reinterpret_cast<const char16_t*>(text.constData());
+    const char16_t* const end = begin + text.size();
+    bool upper = false;
+    for (const char16_t* c = begin; c != end; ++c) {
+        if (*c >= 0x80)
             return text.toLower();
-        if (firstUpper < 0 && c >= 'A' && c <= 'Z')
-            firstUpper = i;
+        upper = upper || (*c >= 'A' && *c <= 'Z');
     }
-    if (firstUpper < 0)
+    if (!upper)
         return text;
-    QString lower = text;
-    QChar* chars = lower.data();
-    for (qsizetype i = firstUpper; i < lower.size(); ++i) {
-        if (chars[i].unicode() >= 'A' && chars[i].unicode() <= 'Z')
-            chars[i] = QChar(chars[i].unicode() + ('a' - 'A'));
-    }
+    QString lower(text.size(), Qt::Uninitialized);
+    char16_t* write = reinterpret_cast<char16_t*>(lower.data());
+    for (const char16_t* c = begin; c != end; ++c)
+        *write++ = (*c >= 'A' && *c <= 'Z') ? static_cast<char16_t>(*c + ('a' - 'A')) : *c;
     return lower;
 }
 

@@ -16,9 +16,22 @@ namespace {
 
 const QString Delimiter = QStringLiteral(";");
 
-QString GameSection(const GameRecord& record) {
-    return QStringLiteral("Game List\\") + LowerCase(record.Folder);
-}
+// The store section of a record's folder. The records of one folder stand in a
+// row, so a run of them makes the name once.
+class GameSections {
+public:
+    const QString& Of(const GameRecord& record) {
+        if (m_section.isNull() || record.Folder != m_folder) {
+            m_folder = record.Folder;
+            m_section = QStringLiteral("Game List\\") + LowerCase(record.Folder);
+        }
+        return m_section;
+    }
+
+private:
+    QString m_folder;
+    QString m_section;
+};
 
 // Caption;Group;Emulator;Profile, and the two extraction names only when both are set.
 QString StoredValue(const GameRecord& record) {
@@ -33,9 +46,10 @@ void ImportFromStore(AppState& state, Progress& progress, PathResolver& resolver
     LogEvent(QStringLiteral("Importing GameList from: Registry..."));
     GameList& games = state.Games;
     progress.SetMaximum(games.FindGame(QStringLiteral("filename"), QString()) - 1);
+    GameSections sections;
     for (int i = 0; i < GameList::Capacity && !games.Records[i].Filename.isEmpty(); ++i) {
         GameRecord& record = games.Records[i];
-        const QString value = state.Store.Read(GameSection(record), LowerCase(record.Filename));
+        const QString value = state.Store.Read(sections.Of(record), LowerCase(record.Filename));
         if (value.isEmpty()) {
             record.Caption = GetRomCaption(record.Folder + record.Filename,
                                            state.Options.UseBaseFilenames, resolver);
@@ -58,10 +72,11 @@ void ImportFromStore(AppState& state, Progress& progress, PathResolver& resolver
 
 void ExportToStore(AppState& state) {
     LogEvent(QStringLiteral("Exporting GameList to: Registry..."));
+    GameSections sections;
     for (const GameRecord& record : state.Games.Records) {
         if (record.Filename.isEmpty())
             break;
-        state.Store.Write(GameSection(record), LowerCase(record.Filename), StoredValue(record));
+        state.Store.Write(sections.Of(record), LowerCase(record.Filename), StoredValue(record));
     }
     state.Store.Sync();
     LogEvent(QStringLiteral("Done."), true);

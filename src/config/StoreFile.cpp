@@ -78,6 +78,18 @@ bool WriteContent(const QString& path, const StoreContent& content, QString& err
 
 #endif
 
+// Empty sections are no part of the file.
+bool SameContent(const StoreContent& a, const StoreContent& b) {
+    const auto covered = [](const StoreContent& some, const StoreContent& other) {
+        for (auto it = some.cbegin(); it != some.cend(); ++it) {
+            if (!it->isEmpty() && other.value(it.key()) != *it)
+                return false;
+        }
+        return true;
+    };
+    return covered(a, b) && covered(b, a);
+}
+
 } // namespace
 
 std::shared_ptr<StoreFile> StoreFile::Open(const QString& path) {
@@ -121,15 +133,15 @@ StoreFile::Identity StoreFile::IdentityOf(const QString& path) {
 void StoreFile::Load() {
     m_loaded = IdentityOf(m_path);
     m_content = ReadContent(m_path);
+    m_saved = m_content;
 }
 
 void StoreFile::Refresh() {
     if (IdentityOf(m_path) == m_loaded)
         return;
     Load();
-    m_changed = false;
     for (const Change& change : std::as_const(m_unsaved))
-        m_changed = Apply(change) || m_changed;
+        Apply(change);
 }
 
 const StoreValue* StoreFile::Find(const QString& section, const QString& key) const {
@@ -140,48 +152,44 @@ const StoreValue* StoreFile::Find(const QString& section, const QString& key) co
     return value == found->constEnd() ? nullptr : &*value;
 }
 
-bool StoreFile::Apply(const Change& change) {
+void StoreFile::Apply(const Change& change) {
     switch (change.What) {
     case Change::Kind::Set: {
         StoreSection& section = m_content[change.Section];
         const auto it = section.find(change.Key);
-        if (it != section.end() && *it == change.Value)
-            return false;
-        section.insert(change.Key, change.Value);
-        return true;
+        if (it == section.end() || !(*it == change.Value))
+            section.insert(change.Key, change.Value);
+        break;
     }
     case Change::Kind::RemoveSection: {
-        bool removed = m_content.remove(change.Section);
+        m_content.remove(change.Section);
         const auto general = m_content.find(QString());
         if (general != m_content.end())
-            removed = general->remove(change.Section) || removed;
-        return removed;
+            general->remove(change.Section);
+        break;
     }
-    case Change::Kind::Clear: {
-        const bool hadKeys = !m_content.isEmpty();
+    case Change::Kind::Clear:
         m_content.clear();
-        return hadKeys;
+        break;
     }
-    }
-    return false;
 }
 
 void StoreFile::Set(const QString& section, const QString& key, const StoreValue& value) {
     Change change{Change::Kind::Set, section, key, value};
-    m_changed = Apply(change) || m_changed;
+    Apply(change);
     m_unsaved.append(std::move(change));
 }
 
 void StoreFile::RemoveSection(const QString& section) {
     Change change{Change::Kind::RemoveSection, section, QString(), StoreValue()};
-    m_changed = Apply(change) || m_changed;
+    Apply(change);
     m_unsaved.append(std::move(change));
 }
 
 void StoreFile::Clear() {
     m_unsaved.clear(); // nothing before a clear matters
     Change change{Change::Kind::Clear, QString(), QString(), StoreValue()};
-    m_changed = Apply(change) || m_changed;
+    Apply(change);
     m_unsaved.append(std::move(change));
 }
 
@@ -198,14 +206,15 @@ bool StoreFile::Save(QString& error) {
     QLockFile lock(lockPath);
     lock.lock();
     Refresh();
-    if (!m_changed) {
+    // Sections removed and written again as they were are no change either.
+    if (SameContent(m_content, m_saved)) {
         m_unsaved.clear();
         return true;
     }
     if (!WriteContent(m_path, m_content, error))
         return false; // the changes stay, for the next save
     m_unsaved.clear();
-    m_changed = false;
+    m_saved = m_content;
     m_loaded = IdentityOf(m_path);
     return true;
 }

@@ -50,12 +50,12 @@ private:
     };
 
     static Identity IdentityOf(const QString& path);
-    bool Apply(const Change& change);
+    void Apply(const Change& change);
     void Load();
 
     QString m_path;
     StoreContent m_content;
+    StoreContent m_saved; // the content as the file holds it
     Identity m_loaded;
     QList<Change> m_unsaved;
-    bool m_changed = false;
 };

@@ -31,26 +31,67 @@ int HexValue(char c) {
 // ---- names ----
 
 void AppendEscapedName(const QString& name, QByteArray& out) {
+    const qsizetype start = out.size();
+    out.resize(start + name.size() * 6); // "%UXXXX" at most for each character
+    char* write = out.data() + start;
     for (const QChar qc : name) {
         const char16_t c = qc.unicode();
         if (c == '/') {
-            out += '\\';
+            *write++ = '\\';
         } else if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
                    c == '_' || c == '-' || c == '.') {
-            out += static_cast<char>(c);
+            *write++ = static_cast<char>(c);
         } else if (c <= 0xFF) {
-            out += '%';
-            out += HexUpper[c >> 4];
-            out += HexUpper[c & 0xF];
+            *write++ = '%';
+            *write++ = HexUpper[c >> 4];
+            *write++ = HexUpper[c & 0xF];
         } else {
-            out += "%U";
+            *write++ = '%';
+            *write++ = 'U';
             for (int shift = 12; shift >= 0; shift -= 4)
-                out += HexUpper[(c >> shift) & 0xF];
+                *write++ = HexUpper[(c >> shift) & 0xF];
         }
     }
+    out.truncate(write - out.constData());
+}
+
+// A name of ASCII bytes, as the file writes every name: decoded in one pass.
+QString UnescapedAsciiName(QByteArrayView bytes) {
+    QString name(bytes.size(), Qt::Uninitialized);
+    QChar* write = name.data();
+    const qsizetype size = bytes.size();
+    for (qsizetype i = 0; i < size;) {
+        const char c = bytes.at(i);
+        if (c == '\\') {
+            *write++ = QLatin1Char('/');
+            ++i;
+            continue;
+        }
+        if (c == '%' && i + 1 < size) {
+            const bool wide = bytes.at(i + 1) == 'U';
+            const qsizetype first = i + (wide ? 2 : 1);
+            const int digits = wide ? 4 : 2;
+            int code = first + digits <= size ? 0 : -1;
+            for (qsizetype d = first; code >= 0 && d < first + digits; ++d) {
+                const int value = HexValue(bytes.at(d));
+                code = value < 0 ? -1 : code * 16 + value;
+            }
+            if (code >= 0) {
+                *write++ = QChar(static_cast<char16_t>(code));
+                i = first + digits;
+                continue;
+            }
+        }
+        *write++ = QLatin1Char(c);
+        ++i;
+    }
+    name.truncate(write - name.constData());
+    return name;
 }
 
 QString UnescapedName(QByteArrayView bytes) {
+    if (std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; }))
+        return UnescapedAsciiName(bytes);
     const QString decoded = QString::fromUtf8(bytes);
     QString name;
     name.reserve(decoded.size());
@@ -121,7 +162,33 @@ struct Utf8Writer {
     }
 };
 
+// Printable ASCII without quote or backslash: copied as it is, quoted where needed.
+bool AppendPlainText(const QString& text, QByteArray& out) {
+    bool needsQuotes = false;
+    for (const QChar qc : text) {
+        const char16_t c = qc.unicode();
+        if (c < 0x20 || c > 0x7E || c == '"' || c == '\\')
+            return false;
+        needsQuotes = needsQuotes || c == ';' || c == ',' || c == '=';
+    }
+    needsQuotes =
+        needsQuotes ||
+        (!text.isEmpty() && (text.front() == QLatin1Char(' ') || text.back() == QLatin1Char(' ')));
+    const qsizetype start = out.size();
+    out.resize(start + text.size() + (needsQuotes ? 2 : 0));
+    char* write = out.data() + start;
+    if (needsQuotes)
+        *write++ = '"';
+    for (const QChar qc : text)
+        *write++ = static_cast<char>(qc.unicode());
+    if (needsQuotes)
+        *write = '"';
+    return true;
+}
+
 void AppendEscapedText(const QString& text, QByteArray& out) {
+    if (AppendPlainText(text, out))
+        return;
     const qsizetype start = out.size();
     const bool raw = text.startsWith(QLatin1String("@ByteArray(")) ||
                      text.startsWith(QLatin1String("@Variant(")) ||
@@ -214,7 +281,31 @@ int OctalValue(char c) {
 
 // A value's bytes as QSettings reads them: escapes resolved, quotes removed,
 // blanks around unquoted parts dropped, and unquoted commas splitting a list.
+// The common value: no escape, no quote inside and no list, quoted or not.
+bool PlainValue(QByteArrayView bytes, QString& text) {
+    qsizetype first = 0;
+    qsizetype end = bytes.size();
+    while (first < end && (bytes.at(first) == ' ' || bytes.at(first) == '\t'))
+        ++first;
+    while (end > first && (bytes.at(end - 1) == ' ' || bytes.at(end - 1) == '\t'))
+        --end;
+    const bool quoted = end - first >= 2 && bytes.at(first) == '"' && bytes.at(end - 1) == '"';
+    if (quoted) {
+        ++first;
+        --end;
+    }
+    for (qsizetype i = first; i < end; ++i) {
+        const char c = bytes.at(i);
+        if (c == '\\' || c == '"' || (c == ',' && !quoted))
+            return false;
+    }
+    text = QString::fromUtf8(bytes.sliced(first, end - first));
+    return true;
+}
+
 StoreValue UnescapedValue(QByteArrayView bytes) {
+    if (StoreValue plain; PlainValue(bytes, plain.Text))
+        return plain;
     static constexpr char Escapes[][2] = {{'a', '\a'}, {'b', '\b'},  {'f', '\f'}, {'n', '\n'},
                                           {'r', '\r'}, {'t', '\t'},  {'v', '\v'}, {'"', '"'},
                                           {'?', '?'},  {'\'', '\''}, {'\\', '\\'}};
@@ -367,7 +458,8 @@ StoreContent ParseStoreText(const QByteArray& text) {
     QByteArrayView data(text);
     if (data.startsWith("\xEF\xBB\xBF"))
         data = data.sliced(3);
-    QString section; // with its "/", or empty for the General part
+    QString section;     // with its "/", or empty for the General part
+    QString sectionName; // the section without "/", when it holds no further "/"
     qsizetype pos = 0;
     QByteArrayView line;
     qsizetype equals = -1;
@@ -385,6 +477,7 @@ StoreContent ParseStoreText(const QByteArray& text) {
                               : UnescapedName(name);
                 section += QLatin1Char('/');
             }
+            sectionName = section.count(QLatin1Char('/')) == 1 ? section.chopped(1) : QString();
             continue;
         }
         if (equals < 0)
@@ -392,7 +485,11 @@ StoreContent ParseStoreText(const QByteArray& text) {
         QByteArrayView key = line.first(equals);
         while (!key.isEmpty() && IsSpace(key.back()))
             key.chop(1);
-        Insert(content, section + UnescapedName(key), UnescapedValue(line.sliced(equals + 1)));
+        const QString name = UnescapedName(key);
+        if (!sectionName.isEmpty() && !name.isEmpty() && !name.contains(QLatin1Char('/')))
+            content[sectionName].insert(name, UnescapedValue(line.sliced(equals + 1)));
+        else
+            Insert(content, section + name, UnescapedValue(line.sliced(equals + 1)));
     }
     return content;
 }

@@ -73,21 +73,10 @@ QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
 
 #endif
 
-const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
+PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
     auto it = m_listings.find(folder);
-    if (it == m_listings.end()) {
-        Listing listing;
-        listing.Entries = ReadFolder(folder);
-        for (const Entry& entry : std::as_const(listing.Entries)) {
-            if (entry.IsUndecodable)
-                continue;
-            listing.Names.insert(entry.Name);
-            QString& first = listing.ByLowerName[entry.LowerName];
-            if (first.isEmpty() || entry.Name < first)
-                first = entry.Name;
-        }
-        it = m_listings.insert(folder, listing);
-    }
+    if (it == m_listings.end())
+        it = m_listings.insert(folder, Listing{ReadFolder(folder), false, {}, {}});
     return *it;
 }
 
@@ -102,7 +91,18 @@ QString PathResolver::Match(const QString& folder, const QString& name) {
     // parents of a game folder are mostly spelled right, its files mostly not.
     if (!m_listings.contains(folder) && QFileInfo::exists(folder + name))
         return name;
-    const Listing& listing = ListFolder(folder);
+    Listing& listing = ListFolder(folder);
+    if (!listing.Indexed) {
+        for (const Entry& entry : std::as_const(listing.Entries)) {
+            if (entry.IsUndecodable)
+                continue;
+            listing.Names.insert(entry.Name);
+            QString& first = listing.ByLowerName[entry.LowerName];
+            if (first.isEmpty() || entry.Name < first)
+                first = entry.Name;
+        }
+        listing.Indexed = true;
+    }
     if (listing.Names.contains(name))
         return name;
     return listing.ByLowerName.value(LowerCase(name));

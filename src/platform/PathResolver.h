@@ -39,11 +39,12 @@ public:
 private:
     struct Listing {
         QList<Entry> Entries;
+        bool Indexed = false; // Names and ByLowerName filled, on the first look-up
         QSet<QString> Names;
         QHash<QString, QString> ByLowerName; // the first name in sorted order
     };
 
-    const Listing& ListFolder(const QString& folder);
+    Listing& ListFolder(const QString& folder);
     static QList<Entry> ReadFolder(const QString& folder);
     // The folder's entry that name means, or an empty text.
     QString Match(const QString& folder, const QString& name);
