@@ -66,7 +66,15 @@ QString LowerCase(const QString& text) {
 QStringList GetFields(const QString& record, const QString& delimiter) {
     if (delimiter.isEmpty())
         return {};
-    return TrimBlanks(record).split(delimiter.at(0));
+    const QString trimmed = TrimBlanks(record);
+    const QChar separator = delimiter.at(0);
+    QStringList fields;
+    fields.reserve(trimmed.count(separator) + 1);
+    qsizetype start = 0;
+    for (qsizetype next; (next = trimmed.indexOf(separator, start)) >= 0; start = next + 1)
+        fields.append(trimmed.sliced(start, next - start));
+    fields.append(trimmed.sliced(start));
+    return fields;
 }
 
 QString AddBackslash(const QString& path) {

@@ -23,15 +23,19 @@ QString ListingFolder(const QString& folder) {
 }
 
 // The patterns are all "*.extension": a suffix test is all they need.
-bool IsGameFile(const QString& name) {
+bool IsGameFile(const QString& name, const QString& lowerName) {
     static const QStringList suffixes = [] {
         QStringList list = GameFilePatterns.split(QLatin1Char(';'));
         for (QString& pattern : list)
             pattern.remove(0, 1);
         return list;
     }();
-    return std::any_of(suffixes.begin(), suffixes.end(), [&name](const QString& suffix) {
-        return name.endsWith(suffix, Qt::CaseInsensitive);
+    // A name that ends in ASCII compares in lower case; beyond ASCII, case folding
+    // may match where lower case does not ("ſ" and "s").
+    const bool asciiEnd = std::all_of(name.end() - std::min<qsizetype>(name.size(), 4), name.end(),
+                                      [](QChar c) { return c.unicode() < 0x80; });
+    return std::any_of(suffixes.begin(), suffixes.end(), [&](const QString& suffix) {
+        return asciiEnd ? lowerName.endsWith(suffix) : name.endsWith(suffix, Qt::CaseInsensitive);
     });
 }
 
@@ -53,7 +57,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
         return listing;
     std::vector<std::pair<QString, QString>> games; // lower-case name, name
     for (const PathResolver::Entry& entry : resolver.Entries(listing.Resolved)) {
-        if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name))
+        if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name, entry.LowerName))
             continue;
         if (entry.IsUndecodable) {
             ++listing.Report.LeftOutNames;

@@ -2,6 +2,7 @@
 
 #include <QByteArrayView>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 // The rules are QSettings' own (Qt 6): the tests compare this file's bytes with
@@ -392,15 +393,26 @@ StoreValue UnescapedValue(QByteArrayView bytes) {
 // line's start) passed over, a ";" outside quotes ending it, line breaks inside
 // quotes or after a backslash kept. False at the end of the text.
 bool NextLine(QByteArrayView data, qsizetype& pos, QByteArrayView& line, qsizetype& equals) {
+    static const auto special = [] {
+        std::array<bool, 256> table{};
+        for (const unsigned char c : {'=', '\n', '\r', '\\', '"', ';'})
+            table[c] = true;
+        return table;
+    }();
     const qsizetype size = data.size();
+    const char* const bytes = data.data();
     bool inQuotes = false;
     equals = -1;
     qsizetype start = pos;
-    while (start < size && IsSpace(data.at(start)))
+    while (start < size && IsSpace(bytes[start]))
         ++start;
     qsizetype i = start;
     while (i < size) {
-        const char c = data.at(i++);
+        while (i < size && !special[static_cast<unsigned char>(bytes[i])])
+            ++i;
+        if (i == size)
+            break;
+        const char c = bytes[i++];
         if (c == '=') {
             if (!inQuotes && equals < 0)
                 equals = i - 1;
@@ -413,9 +425,9 @@ bool NextLine(QByteArrayView data, qsizetype& pos, QByteArrayView& line, qsizety
             }
         } else if (c == '\\') {
             if (i < size) {
-                const char next = data.at(i++);
+                const char next = bytes[i++];
                 if (i < size) {
-                    const char after = data.at(i);
+                    const char after = bytes[i];
                     if ((next == '\n' && after == '\r') || (next == '\r' && after == '\n'))
                         ++i;
                 }
@@ -424,9 +436,9 @@ bool NextLine(QByteArrayView data, qsizetype& pos, QByteArrayView& line, qsizety
             inQuotes = !inQuotes;
         } else if (c == ';') {
             if (i == start + 1) {
-                while (i < size && data.at(i) != '\n' && data.at(i) != '\r')
+                while (i < size && bytes[i] != '\n' && bytes[i] != '\r')
                     ++i;
-                while (i < size && IsSpace(data.at(i)))
+                while (i < size && IsSpace(bytes[i]))
                     ++i;
                 start = i;
             } else if (!inQuotes) {
