@@ -61,6 +61,7 @@ window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/l
 window_floor() { "$bin/lumbra-bench-mapwait" "Qt Floor" "$bin/lumbra-floor-window"; }
 cli_start() { "$bin/lumbra-bench-time" "$cli" --help; }
 floor_start() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan"; }
+qt_start() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-qt-start"; }
 cold_rebuild() { use_store empty && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
 warm_rebuild() { use_store rebuilt && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
 floor_inside() { "$bin/lumbra-floor-scan" "$work/games"/* | in_process; }
@@ -111,6 +112,7 @@ turns warm_list warm_list list_floor
 turns export export_list scan_floor
 turns window window window_floor
 turns start cli_start floor_start
+turns qt_start qt_start floor_start
 turns cold_rebuild cold_rebuild floor_inside
 turns warm_rebuild warm_rebuild floor_inside
 
@@ -120,9 +122,11 @@ report "cold scan" cold_scan 2.0 15
 report "warm list" warm_list 1.5 15
 report "export" export
 report "window" window 1.3
-echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, the floor with no"
-echo "folder), then the rebuild alone, timed inside lumbra-bench and inside the floor."
+echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, and a bare"
+echo "QCoreApplication, each beside the floor with no folder), then the rebuild alone, timed"
+echo "inside lumbra-bench and inside the floor."
 report "start-up" start
+report "Qt start-up" qt_start
 report "cold rebuild" cold_rebuild
 report "warm rebuild" warm_rebuild
 

@@ -47,6 +47,9 @@ TEST_F(SettingsStoreFileTest, TheFileIsByteForByteWhatQSettingsWritesAndReads) {
         settings.sync();
     }
     m_state.Store.Sync();
+    EXPECT_EQ(
+        m_state.Store.FilePath(),
+        QSettings(QSettings::NativeFormat, QSettings::UserScope, "Lumbra", "Lumbra").fileName());
     const QByteArray written = ReadFile(m_state.Store.FilePath());
     EXPECT_EQ(written, ReadFile(qtFile));
     EXPECT_TRUE(written.contains("[Game%20List%5C%252Fhome%252Fme%252FSNES%20Roms%252F]\n"));
