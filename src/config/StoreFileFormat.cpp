@@ -455,6 +455,7 @@ bool NextLine(QByteArrayView data, qsizetype& pos, QByteArrayView& line, qsizety
 }
 
 // A full name ("section/key", or a key of the General part) as a section and a key.
+// Like QSettings, a name read from the file is kept as it is, empty parts included.
 void Insert(StoreContent& content, const QString& fullName, StoreValue value) {
     const qsizetype slash = fullName.indexOf(QLatin1Char('/'));
     if (slash < 0)
