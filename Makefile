@@ -5,8 +5,10 @@ SANITIZE_DIR ?= build-sanitize
 FUZZ_DIR ?= build-fuzz
 FUZZER ?= header
 FUZZ_SECONDS ?= 60
+CHECK_FUZZ_SECONDS ?= 30
 
-.PHONY: all deps configure build run test check-sanitizers fuzz bench format clean
+.PHONY: all deps configure build run test check-sanitizers fuzz-configure fuzz check-fuzz bench \
+	format clean
 
 all: build
 
@@ -32,16 +34,32 @@ check-sanitizers: deps
 	@cmake --build $(SANITIZE_DIR) -j $(JOBS)
 	cd $(SANITIZE_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
 
-# Runs one libFuzzer target (fuzz/) for FUZZ_SECONDS; what it finds lands in $(FUZZ_DIR).
-fuzz:
+# The libFuzzer targets (fuzz/) are built with clang into $(FUZZ_DIR).
+fuzz-configure:
 	@./scripts/install-deps.sh clang libclang-rt-dev
 	@cmake -S . -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=$(BUILD_TYPE) -DCMAKE_CXX_COMPILER=clang++ \
 		-DLUMBRA_FUZZ=ON > /dev/null
+
+# Writes target $(1)'s seeds into its corpus and fuzzes from there for $(2) seconds,
+# with the further libFuzzer options $(3); what it finds lands in $(FUZZ_DIR).
+define run-fuzzer
+./$(FUZZ_DIR)/fuzz/fuzz-$(1)-seeds $(FUZZ_DIR)/corpus/$(1)
+UBSAN_OPTIONS=print_stacktrace=1 ./$(FUZZ_DIR)/fuzz/fuzz-$(1) -max_total_time=$(2) \
+	-print_final_stats=1 $(3) -artifact_prefix=$(FUZZ_DIR)/ $(FUZZ_DIR)/corpus/$(1)
+endef
+
+# Runs one fuzz target for FUZZ_SECONDS.
+fuzz: fuzz-configure
 	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target fuzz-$(FUZZER) fuzz-$(FUZZER)-seeds
-	./$(FUZZ_DIR)/fuzz/fuzz-$(FUZZER)-seeds $(FUZZ_DIR)/corpus/$(FUZZER)
-	UBSAN_OPTIONS=print_stacktrace=1 ./$(FUZZ_DIR)/fuzz/fuzz-$(FUZZER) \
-		-max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
-		-artifact_prefix=$(FUZZ_DIR)/ $(FUZZ_DIR)/corpus/$(FUZZER)
+	$(call run-fuzzer,$(FUZZER),$(FUZZ_SECONDS))
+
+# Builds every fuzz target and runs each for CHECK_FUZZ_SECONDS, so that a build break,
+# a crash, a broken invariant or an input that takes over 10 seconds fails CI.
+check-fuzz: fuzz-configure
+	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target fuzz-header fuzz-header-seeds \
+		fuzz-archive fuzz-archive-seeds
+	$(call run-fuzzer,header,$(CHECK_FUZZ_SECONDS),-timeout=10)
+	$(call run-fuzzer,archive,$(CHECK_FUZZ_SECONDS),-timeout=10)
 
 # Lumbra timed against the floor of its work; strace counts its file-system calls,
 # callgrind its instructions.

@@ -29,7 +29,9 @@ public:
     std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
         return std::nullopt;
     }
-    std::optional<QString> BrowseForFolder(const QString&) override { return std::nullopt; }
+    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
+        return std::nullopt;
+    }
 
 private:
     int m_passwords = 0;
@@ -38,17 +40,32 @@ private:
 const QDir::Filters Everything =
     QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
 
-// The unzip folder holds only plain files, each named in the list, and no more than
-// the limits allow; after a stop for size it holds nothing.
+bool HasControlCharacter(const QString& text) {
+    for (const QChar c : text) {
+        if (c.category() == QChar::Other_Control)
+            return true;
+    }
+    return false;
+}
+
+// The unzip folder holds only plain files, each named in the list once (letter case
+// aside), and no more than the limits allow; after a stop for size it holds nothing.
+// No name, and no line of the message, holds a control character.
 void CheckUnzipFolder(const QString& folder, const UnzipState& state, int result, qint64 maxBytes) {
     QSet<QString> listed;
+    QSet<QString> lowerCase;
     for (const QString& name : state.UnzippedFiles) {
         if (name.isEmpty())
             continue;
         FUZZ_CHECK(!name.contains(QLatin1Char('/')));
         FUZZ_CHECK(name != QLatin1String(".") && name != QLatin1String(".."));
+        FUZZ_CHECK(!HasControlCharacter(name));
+        FUZZ_CHECK(!lowerCase.contains(name.toLower()));
+        lowerCase.insert(name.toLower());
         listed.insert(name);
     }
+    for (const QString& line : state.UnzipMessage.split(QStringLiteral("\r\n")))
+        FUZZ_CHECK(!HasControlCharacter(line));
     const QStringList names = QDir(folder).entryList(Everything);
     FUZZ_CHECK(names.size() == listed.size());
     FUZZ_CHECK(result != UnzipTooLarge || names.isEmpty());

@@ -74,8 +74,19 @@ std::string Zip(const std::vector<StoredEntry>& entries) {
     return local + central + end;
 }
 
+// count one-byte entries: "f0.txt", "f1.txt", ... and a game last.
+std::string ManyEntries(int count) {
+    std::vector<StoredEntry> entries;
+    for (int index = 0; index + 1 < count; ++index)
+        entries.push_back({"f" + std::to_string(index) + ".txt", "x"});
+    entries.push_back({"game.smc", std::string(64, '\x5A')});
+    return Zip(entries);
+}
+
 } // namespace
 
+// An archive may hold at most 100 entries: the seeds reach the limit and pass it (and
+// so raise libFuzzer's guess of the longest input to their size, about 10 KiB).
 std::vector<FuzzSeed> FuzzSeeds() {
     const std::string game(64, '\x5A');
     return {
@@ -88,6 +99,12 @@ std::vector<FuzzSeed> FuzzSeeds() {
                                {"dir\\..\\c.smc", game}})},
         {"links", Zip({{"link.smc", "/etc/passwd", 0120777}, {"link.smc", game}})},
         {"repeats", Zip({{"game.smc", "first"}, {"GAME.smc", game}, {"game.smc", game}})},
+        {"controls", Zip({{"roms\x1b]0;title\x07/evil\x1b[2J.smc", game},
+                          {"line\nbreak\r.txt", "text"},
+                          {"a\x01.smc", "first"},
+                          {"a\x02.smc", game}})},
+        {"hundred", ManyEntries(100)},
+        {"hundred-and-one", ManyEntries(101)},
         {"empty", Zip({})},
     };
 }

@@ -3,6 +3,7 @@
 #include "catalogue/AppState.h"
 #include "config/StoreWriterLock.h"
 #include "launch/LaunchEmu.h"
+#include "platform/DocumentOpener.h"
 #include "platform/RealShell.h"
 #include "platform/TerminationRequests.h"
 #include "ui/QtPrompts.h"
@@ -43,7 +44,8 @@ int main(int argc, char** argv) {
     if (!ClaimStoreForWindow(storeWriter, prompts))
         return 1;
     RealShell shell(prompts, [](const QString& document) {
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(document));
+        return HasProgramToOpen(document) &&
+               QDesktopServices::openUrl(QUrl::fromLocalFile(document));
     });
     SnapshotWizardDialogView wizardView;
     EmulatorLauncher launcher(state, prompts, shell, wizardView);
@@ -59,5 +61,7 @@ int main(int argc, char** argv) {
         QMetaObject::invokeMethod(
             window.get(), [&window] { window->CloseFor(frmMain::FormTaskManager); },
             Qt::QueuedConnection);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    launcher.ReleaseDetachedPlay();
+    return status;
 }

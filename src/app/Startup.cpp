@@ -32,6 +32,10 @@ void SaveEverything(AppState& state) {
 bool ClaimStoreForWindow(StoreWriterLock& lock, Prompts& prompts) {
     if (lock.TryAcquire())
         return true;
+    if (!lock.Failure().isEmpty()) {
+        prompts.Message(lock.Failure(), PromptButtons::Ok, PromptIcon::Critical);
+        return false;
+    }
     const QString process = lock.HolderProcessText();
     if (lock.HeldBy() == StoreWriterLock::Holder::Window)
         prompts.Message(AppTitle + QStringLiteral(" is already running") + process +

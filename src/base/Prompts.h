@@ -28,5 +28,7 @@ public:
     virtual std::optional<QString> SaveFile(const QString& title, const QString& filter,
                                             const QString& proposed = QString()) = 0;
 
-    virtual std::optional<QString> BrowseForFolder(const QString& prompt) = 0;
+    // The browser opens at folder when that folder exists.
+    virtual std::optional<QString> BrowseForFolder(const QString& prompt,
+                                                   const QString& folder = QString()) = 0;
 };

@@ -4,6 +4,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "catalogue/GroupViews.h"
 
 namespace {
 
@@ -64,7 +65,7 @@ std::optional<QString> SendToNewGroup(AppState& state, Prompts& prompts, int ind
         prompts
             .Input(QStringLiteral("Enter the new group's caption:"), QStringLiteral("Create Group"))
             .value_or(QString());
-    if (!state.Groups.AddGroup(name))
+    if (!AddPlayerGroup(state.Groups, prompts, name))
         return std::nullopt;
     state.Games.Records[index].Group = name;
     return name;

@@ -8,9 +8,11 @@
 #include "catalogue/FolderScan.h"
 #include "config/StorageTarget.h"
 #include "platform/PathResolver.h"
+#include "platform/SaveFile.h"
 #include "rom/RomCaption.h"
 
 #include <QFile>
+#include <QSaveFile>
 
 namespace {
 
@@ -86,8 +88,9 @@ void ExportToFile(AppState& state, const QString& fileName) {
     LogEvent(QStringLiteral("Exporting GameList to file: ") + fileName + QStringLiteral("..."));
     state.Options.ExportFolder = AddBackslash(state.Options.ExportFolder);
     const QString path = PathResolver().ResolveOrKeep(state.Options.ExportFolder) + fileName;
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    // Written beside the old list and renamed over it: a failed write leaves it whole.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
         LogEvent(file.errorString(), true);
         return;
     }
@@ -114,8 +117,12 @@ void ExportToFile(AppState& state, const QString& fileName) {
         }
         text += rule + QStringLiteral("\r\n");
     }
+    QString reason;
     file.write(text.toUtf8());
-    file.close();
+    if (!CommitWhole(file, &reason)) {
+        LogEvent(reason, true);
+        return;
+    }
     LogEvent(QStringLiteral("Done."), true);
 }
 

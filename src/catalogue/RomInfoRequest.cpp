@@ -4,14 +4,17 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "catalogue/PlayStatistics.h"
 #include "rom/DecompressGame.h"
+#include "rom/GameImage.h"
 
 RomInfoRequest PrepareRomInfo(AppState& state, Prompts& prompts, int index) {
     const GameRecord& game = state.Games.Records[index];
     const QString folder = AddBackslash(game.Folder);
     RomInfoRequest request{game.Filename, folder,     game.Filename, folder,
                            game.Caption,  game.Group, index};
-    request.Zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+    request.PlayStatistics = PlayStatisticsText(ReadPlayStatistics(state.Store, game));
+    request.Zipped = IsZippedGame(game.Filename);
     if (!request.Zipped)
         return request;
     const PromptAnswer answer = prompts.Message(

@@ -16,6 +16,7 @@ struct RomInfoRequest {
     int SelRomIndex = -1;
     bool ExtractData = true; // whether the header is read and shown
     bool Zipped = false;
+    QString PlayStatistics; // "Played 3 times, ..." or "Never played"
 };
 
 // The request for the game at index. A zipped game first asks whether to extract it:

@@ -5,18 +5,25 @@
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
 #include "catalogue/GameFolderCommands.h"
-#include "catalogue/GroupFilter.h"
+#include "catalogue/GameListing.h"
+#include "catalogue/GroupViews.h"
+#include "catalogue/PlayStatistics.h"
 #include "cli/CliLog.h"
+#include "cli/CliPrompts.h"
 #include "cli/CliSupport.h"
 #include "cli/JsonLine.h"
 #include "config/StoreWriterLock.h"
 #include "platform/PathResolver.h"
+#include "rom/ArchivedGame.h"
+#include "rom/GameImage.h"
 #include "rom/RomCaption.h"
 #include "rom/RomInfo.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <optional>
 
 namespace {
 
@@ -46,10 +53,21 @@ struct InfoLine {
     QString Value;
 };
 
-QList<InfoLine> HeaderInfo(const QString& file, const AppState& state) {
+// The header comes from the zipped game when there is one; the caption is always the
+// file's own, as the game list shows it.
+QList<InfoLine> HeaderInfo(const QString& file, const std::optional<ArchivedGame>& zipped,
+                           const AppState& state) {
     clsRomInfo info;
-    info.ReadROM(file);
     QList<InfoLine> lines{{QStringLiteral("file"), QStringLiteral("File:      "), file}};
+    if (zipped) {
+        QBuffer image;
+        image.setData(zipped->Bytes);
+        image.open(QIODevice::ReadOnly);
+        info.ReadROM(image);
+        lines.append({QStringLiteral("game"), QStringLiteral("Game:      "), zipped->Name});
+    } else {
+        info.ReadROM(file);
+    }
     for (const HeaderEntry& entry : HeaderEntries)
         lines.append(
             {QLatin1String(entry.Key), QLatin1String(entry.Label), info.GameData(entry.Field)});
@@ -126,7 +144,18 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
             exitCode = ExitFailed;
             continue;
         }
-        const QList<InfoLine> lines = HeaderInfo(file, context.State);
+        // A zip's game is read into memory: the unzip folder, whose game may be playing,
+        // is never touched.
+        std::optional<ArchivedGame> zipped;
+        if (IsZippedGame(resolved)) {
+            zipped = ReadArchivedGame(resolved, true);
+            if (!zipped) {
+                context.Err << "lumbra-cli: " << file << ": the archive holds no SNES game\n";
+                exitCode = ExitFailed;
+                continue;
+            }
+        }
+        const QList<InfoLine> lines = HeaderInfo(file, zipped, context.State);
         if (json) {
             QList<std::pair<QString, QString>> fields;
             for (const InfoLine& line : lines)
@@ -146,15 +175,27 @@ int RunInfo(CliContext& context, const QStringList& arguments) {
 int RunList(CliContext& context, const QStringList& arguments) {
     QStringList rest = arguments;
     const bool json = TakeFlag(rest, QStringLiteral("--json"));
+    const bool chosen = rest.contains(QStringLiteral("--group")) ||
+                        rest.contains(QStringLiteral("--filter")) ||
+                        rest.contains(QStringLiteral("--sort"));
     QString group;
     if (!TakeOption(rest, QStringLiteral("--group"), group))
         return UsageError(context, QStringLiteral("--group needs a NAME"));
+    QString typed;
+    if (!TakeOption(rest, QStringLiteral("--filter"), typed))
+        return UsageError(context, QStringLiteral("--filter needs WORDS"));
+    QString sortName;
+    PlayOrder order = PlayOrder::LastPlayed;
+    if (!TakeOption(rest, QStringLiteral("--sort"), sortName) ||
+        (!sortName.isNull() && !PlayOrderFromName(sortName, order)))
+        return UsageError(context,
+                          QStringLiteral("--sort takes last-played, play-count or play-time"));
     if (!rest.isEmpty())
         return UsageError(context, QStringLiteral("unexpected argument: ") + rest.first());
 
     AppState& state = context.State;
     LoadCatalogue(context);
-    if (json) {
+    if (json && !chosen) {
         for (const GameRecord& record : state.Games.Records) {
             if (record.Filename.isEmpty())
                 break;
@@ -164,14 +205,21 @@ int RunList(CliContext& context, const QStringList& arguments) {
     }
     if (group.isEmpty()) {
         group = state.Options.DefaultGroup;
-        if (!GroupExists(state.Groups, group))
+        if (!ViewExists(state.Groups, group))
             group = FixedGroup;
-    } else if (!GroupExists(state.Groups, group)) {
+    } else if (!ViewExists(state.Groups, group)) {
         context.Err << "lumbra-cli: there is no group named " << group << '\n';
         return ExitFailed;
     }
-    for (const QString& caption : GroupCaptions(state.Games, group))
-        context.Out << caption << '\n';
+    QList<GameLine> lines = ListGames(state.Games, group, typed);
+    if (!sortName.isNull())
+        SortByPlay(state.Store, state.Games, order, lines);
+    for (const GameLine& line : lines) {
+        if (json)
+            context.Out << JsonLine(RecordFields(state.Games.Records[line.Index])) << '\n';
+        else
+            context.Out << line.Caption << '\n';
+    }
     return ExitOk;
 }
 
@@ -247,6 +295,11 @@ int RunGroups(CliContext& context, const QStringList& arguments) {
     if (!ClaimStore(context, lock))
         return ExitFailed;
     ImportGroupList(state, Store, QString());
+    if (action == QLatin1String("add") && IsAllGamesView(arguments.at(1))) {
+        CliPrompts prompts(context.Err); // the refusal is told as the window tells it
+        AddPlayerGroup(state.Groups, prompts, arguments.at(1));
+        return ExitFailed;
+    }
     const bool changed = action == QLatin1String("add") ? state.Groups.AddGroup(arguments.at(1))
                                                         : state.Groups.RemoveGroup(arguments.at(1));
     if (!changed)

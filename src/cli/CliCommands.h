@@ -26,3 +26,5 @@ int RunConfig(CliContext& context, const QStringList& arguments);
 int RunEmulators(CliContext& context, const QStringList& arguments);
 int RunLaunch(CliContext& context, const QStringList& arguments);
 int RunExport(CliContext& context, const QStringList& arguments);
+int RunProfiles(CliContext& context, const QStringList& arguments);
+int RunStates(CliContext& context, const QStringList& arguments);

@@ -28,33 +28,23 @@ private:
 
 int RunLaunch(CliContext& context, const QStringList& arguments) {
     QStringList rest = arguments;
-    QString indexText;
-    if (!TakeOption(rest, QStringLiteral("--index"), indexText) ||
-        rest.size() != (indexText.isEmpty() ? 1 : 0))
+    const std::optional<GameChoice> choice = TakeGameChoice(rest);
+    if (!choice)
         return UsageError(context, QStringLiteral("usage: launch --index N, or launch CAPTION"));
     AppState& state = context.State;
     StoreWriterLock lock(state.Store, StoreWriterLock::Holder::Command);
     if (!ClaimStore(context, lock))
         return ExitFailed;
     LoadCatalogue(context);
-
-    bool isNumber = true;
-    const int index = indexText.isEmpty()
-                          ? state.Games.FindGame(QStringLiteral("title"), rest.first())
-                          : indexText.toInt(&isNumber);
-    if (!isNumber || index < 0 || index >= state.Games.Count()) {
-        context.Err << "lumbra-cli: there is no game "
-                    << (indexText.isEmpty() ? QStringLiteral("captioned ") + rest.first()
-                                            : QStringLiteral("at index ") + indexText)
-                    << '\n';
+    const std::optional<int> index = FindChosenGame(context, *choice);
+    if (!index)
         return ExitFailed;
-    }
 
     CliPrompts prompts(context.Err);
     RealShell shell(prompts, [](const QString&) { return false; });
     ListedWizard wizard(context.Out);
     EmulatorLauncher launcher(state, prompts, shell, wizard);
-    const LaunchEnd end = launcher.Launch(index);
+    const LaunchEnd end = launcher.Launch(*index);
     const QString reason = context.Log.LastLine();
     // The launch notes the extracted names of a zipped game in its record.
     ExportGameList(state, Store, QString());

@@ -22,7 +22,9 @@ public:
     std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
         return std::nullopt;
     }
-    std::optional<QString> BrowseForFolder(const QString&) override { return std::nullopt; }
+    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
+        return std::nullopt;
+    }
 
 private:
     QTextStream& m_err;

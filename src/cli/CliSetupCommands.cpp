@@ -1,27 +1,13 @@
 #include "app/Startup.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "cli/CliFoundEmulators.h"
 #include "cli/CliSupport.h"
 #include "config/StoreWriterLock.h"
+#include "emulators/FoundEmulators.h"
 #include "platform/PathResolver.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <tuple>
-
-namespace {
-
-// An existing folder as the store keeps it: absolute, with a trailing separator.
-std::optional<QString> StoredFolder(CliContext& context, const QString& path) {
-    const QString resolved = PathResolver().Resolve(path);
-    if (resolved.isEmpty() || !QFileInfo(resolved).isDir()) {
-        context.Err << "lumbra-cli: " << path << ": no such folder\n";
-        return std::nullopt;
-    }
-    return AddBackslash(QDir::toNativeSeparators(QFileInfo(resolved).absoluteFilePath()));
-}
-
-} // namespace
+#include <utility>
 
 int RunConfig(CliContext& context, const QStringList& arguments) {
     AppState& state = context.State;
@@ -51,7 +37,17 @@ int RunConfig(CliContext& context, const QStringList& arguments) {
     if (!ClaimStore(context, lock))
         return ExitFailed;
     LoadConfiguration(state);
-    if (SetSettingText(state.Options, key, arguments.at(2)) != SettingChange::Done) {
+    QString value = arguments.at(2);
+    if (key.compare(QLatin1String("DefaultEmulator"), Qt::CaseInsensitive) == 0) {
+        const std::optional<QString> emulator = EmulatorName(state.Store, value);
+        if (!emulator) {
+            context.Err << "lumbra-cli: there is no emulator named " << value
+                        << " ('emulators list' names them)\n";
+            return ExitFailed;
+        }
+        value = *emulator;
+    }
+    if (SetSettingText(state.Options, key, value) != SettingChange::Done) {
         context.Err << "lumbra-cli: " << key << " takes "
                     << (key.compare(QLatin1String("MainForm"), Qt::CaseInsensitive) == 0
                             ? "five whole numbers: left;top;width;height;state"
@@ -67,6 +63,10 @@ int RunEmulators(CliContext& context, const QStringList& arguments) {
     AppState& state = context.State;
     QStringList rest = arguments;
     const QString action = rest.isEmpty() ? QString() : rest.takeFirst();
+    if (action == QLatin1String("detect"))
+        return RunDetectEmulators(context, rest);
+    if (action == QLatin1String("remove"))
+        return RunRemoveFoundEmulator(context, rest);
     if (action == QLatin1String("list") && rest.isEmpty()) {
         LoadConfiguration(state);
         for (const EmulatorRecord& emulator : state.Emulators.Records) {
@@ -78,49 +78,53 @@ int RunEmulators(CliContext& context, const QStringList& arguments) {
                         << "\n  profile:      " << emulator.DefaultProfile
                         << "\n  launch files: " << emulator.LaunchFiles << '\n';
         }
+        ListFoundEmulators(context);
         return ExitOk;
     }
-    QString folder;
-    QString saveFolder;
-    QString profile;
-    const bool hasFolder = rest.contains(QStringLiteral("--folder"));
-    const bool hasSaveFolder = rest.contains(QStringLiteral("--save-folder"));
-    const bool hasProfile = rest.contains(QStringLiteral("--profile"));
-    if (action != QLatin1String("set") || !TakeOption(rest, QStringLiteral("--folder"), folder) ||
-        !TakeOption(rest, QStringLiteral("--save-folder"), saveFolder) ||
-        !TakeOption(rest, QStringLiteral("--profile"), profile) || rest.size() != 1)
+    EmulatorSettings settings;
+    if (action != QLatin1String("set") || !settings.Take(rest) || rest.size() != 1)
         return UsageError(context,
-                          QStringLiteral("usage: emulators list, or emulators set NAME "
-                                         "[--folder DIR] [--save-folder DIR] [--profile NAME]"));
-
-    // The store joins an emulator's folder, save folder and profile with ";".
-    for (const QString& value : {folder, saveFolder, profile}) {
-        if (value.contains(QLatin1Char(';'))) {
-            context.Err << "lumbra-cli: " << value << ": an emulator's settings cannot hold ';'\n";
-            return ExitFailed;
-        }
+                          QStringLiteral("usage: emulators list, emulators detect [--json], "
+                                         "emulators remove NAME, or emulators set NAME "
+                                         "[--folder DIR] [--save-folder DIR] "
+                                         "[--profile NAME] [--command TEXT] "
+                                         "[--state-folder DIR] [--screenshot-folder DIR]"));
+    const QString& name = rest.first();
+    if (settings.Profile && settings.Profile->contains(QLatin1Char(';'))) {
+        context.Err << "lumbra-cli: " << *settings.Profile << ": a profile name cannot hold ';'\n";
+        return ExitFailed;
     }
     StoreWriterLock lock(state.Store, StoreWriterLock::Holder::Command);
     if (!ClaimStore(context, lock))
         return ExitFailed;
     LoadConfiguration(state);
-    const int index = state.Emulators.FindEmulatorIndex(rest.first());
+    const int index = state.Emulators.FindEmulatorIndex(name);
     if (index < 0)
-        return UsageError(context, QStringLiteral("no emulator named ") + rest.first() +
-                                       QStringLiteral(" (Nlke, Snes9X or ZSnes)"));
+        return SetFoundEmulator(context, name, settings);
+    if (settings.Command || settings.StateFolder || settings.ScreenshotFolder)
+        return UsageError(context, QStringLiteral("--command, --state-folder and "
+                                                  "--screenshot-folder are for a found emulator"));
+
+    // The store joins an emulator's folder, save folder and profile with ";".
+    for (const std::optional<QString>& value : {settings.Folder, settings.SaveFolder}) {
+        if (value && value->contains(QLatin1Char(';'))) {
+            context.Err << "lumbra-cli: " << *value << ": an emulator's settings cannot hold ';'\n";
+            return ExitFailed;
+        }
+    }
     EmulatorRecord& emulator = state.Emulators.Records[index];
-    for (const auto& [given, value, field] :
-         {std::tuple{hasFolder, folder, &EmulatorRecord::Folder},
-          std::tuple{hasSaveFolder, saveFolder, &EmulatorRecord::SaveFolder}}) {
-        if (!given)
+    for (const auto& [value, field] :
+         {std::pair{settings.Folder, &EmulatorRecord::Folder},
+          std::pair{settings.SaveFolder, &EmulatorRecord::SaveFolder}}) {
+        if (!value)
             continue;
-        const std::optional<QString> stored = StoredFolder(context, value);
+        const std::optional<QString> stored = StoredFolder(context, *value);
         if (!stored)
             return ExitFailed;
         emulator.*field = *stored;
     }
-    if (hasProfile)
-        emulator.DefaultProfile = profile;
+    if (settings.Profile)
+        emulator.DefaultProfile = *settings.Profile;
     ExportSettings(state.Store, state.Options, state.Emulators, Store, QString());
     return ExitOk;
 }

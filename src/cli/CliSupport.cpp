@@ -2,9 +2,14 @@
 
 #include "app/Startup.h"
 #include "base/Progress.h"
+#include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
 #include "cli/CliLog.h"
 #include "config/StoreWriterLock.h"
+#include "platform/PathResolver.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 int UsageError(CliContext& context, const QString& message) {
     context.Err << "lumbra-cli: " << message << "\nTry 'lumbra-cli --help'.\n";
@@ -34,6 +39,10 @@ bool TakeOption(QStringList& arguments, const QString& option, QString& value) {
 bool ClaimStore(CliContext& context, StoreWriterLock& lock) {
     if (lock.TryAcquire())
         return true;
+    if (!lock.Failure().isEmpty()) {
+        context.Err << "lumbra-cli: " << lock.Failure() << '\n';
+        return false;
+    }
     const QString process = lock.HolderProcessText();
     if (lock.HeldBy() == StoreWriterLock::Holder::Window)
         context.Err << "lumbra-cli: Lumbra is running" << process
@@ -53,4 +62,38 @@ void LoadCatalogue(CliContext& context) {
     const ScanReport report = RebuildGameList(state, noProgress);
     if (!report.IsComplete())
         context.Err << "lumbra-cli: " << report.Summary() << '\n';
+}
+
+std::optional<QString> StoredFolder(CliContext& context, const QString& path) {
+    const QString resolved = PathResolver().Resolve(path);
+    if (resolved.isEmpty() || !QFileInfo(resolved).isDir()) {
+        context.Err << "lumbra-cli: " << path << ": no such folder\n";
+        return std::nullopt;
+    }
+    return AddBackslash(QDir::toNativeSeparators(QFileInfo(resolved).absoluteFilePath()));
+}
+
+std::optional<GameChoice> TakeGameChoice(QStringList& arguments) {
+    GameChoice choice;
+    if (!TakeOption(arguments, QStringLiteral("--index"), choice.IndexText) ||
+        arguments.size() != (choice.IndexText.isEmpty() ? 1 : 0))
+        return std::nullopt;
+    if (choice.IndexText.isEmpty())
+        choice.Caption = arguments.takeFirst();
+    return choice;
+}
+
+std::optional<int> FindChosenGame(CliContext& context, const GameChoice& choice) {
+    const GameList& games = context.State.Games;
+    bool isNumber = true;
+    const int index = choice.IndexText.isEmpty()
+                          ? games.FindGame(QStringLiteral("title"), choice.Caption)
+                          : choice.IndexText.toInt(&isNumber);
+    if (isNumber && index >= 0 && index < games.Count())
+        return index;
+    context.Err << "lumbra-cli: there is no game "
+                << (choice.IndexText.isEmpty() ? QStringLiteral("captioned ") + choice.Caption
+                                               : QStringLiteral("at index ") + choice.IndexText)
+                << '\n';
+    return std::nullopt;
 }

@@ -27,6 +27,20 @@ void WriteProfile(SettingsStore& store, const QString& emulatorName, const QStri
     store.Sync();
 }
 
+bool RemoveProfile(SettingsStore& store, const QString& emulatorName, const QString& profileName) {
+    const QStringList names = ProfileNames(store, emulatorName);
+    QString stored = names.contains(profileName) ? profileName : QString();
+    for (qsizetype index = 0; stored.isEmpty() && index < names.size(); ++index) {
+        if (names[index].compare(profileName, Qt::CaseInsensitive) == 0)
+            stored = names[index];
+    }
+    if (stored.isEmpty())
+        return false;
+    store.Remove(ProfileSection(emulatorName), stored);
+    store.Sync();
+    return true;
+}
+
 ProfileMenuModel::ProfileMenuModel() {
     m_items.append(ProfileMenuItem{QStringLiteral("<no profiles found>"), false, true, false});
 }

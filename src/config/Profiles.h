@@ -13,6 +13,9 @@ QString ReadProfile(const SettingsStore& store, const QString& emulatorName,
                     const QString& profileName);
 void WriteProfile(SettingsStore& store, const QString& emulatorName, const QString& profileName,
                   const QString& options);
+// Removes the profile named so (without regard to case when no name matches exactly);
+// false when the emulator has none of that name.
+bool RemoveProfile(SettingsStore& store, const QString& emulatorName, const QString& profileName);
 
 struct ProfileMenuItem {
     QString Caption;

@@ -5,7 +5,6 @@
 #include "config/Emulators.h"
 #include "config/SettingsStore.h"
 #include "config/StorageTarget.h"
-#include "platform/OsHelpers.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -57,6 +56,7 @@ const SettingKey OptionKeys[] = {
     {QLatin1String("Snapshots_NoSnapPic"), &Settings::Snapshots_NoSnapPic},
     {QLatin1String("Snapshots_Show"), &Settings::Snapshots_Show},
     {QLatin1String("Snapshots_UseWizard"), &Settings::Snapshots_UseWizard},
+    {QLatin1String("ShowCommandLine"), &Settings::ShowCommandLine},
 };
 
 // A whole number of the type written as decimal text, or nothing.
@@ -200,7 +200,11 @@ Settings DefaultSettings() {
         AddBackslash(QDir::toNativeSeparators(data + QStringLiteral("/Lumbra/snapshots")));
     defaults.SPCFolder = AddBackslash(QDir::toNativeSeparators(QDir::homePath()));
     defaults.ExportFolder = defaults.SPCFolder;
-    defaults.UnzipFolder = GetTempFolder().toLower();
+    // A private folder: in the shared temporary folder an archive's "readme.txt"
+    // would replace another program's file, and the flush would then delete it.
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    defaults.UnzipFolder =
+        AddBackslash(QDir::toNativeSeparators(cache + QStringLiteral("/Lumbra/unzip")));
     return defaults;
 }
 

@@ -47,6 +47,8 @@ struct Settings {
     QString Snapshots_NoSnapPic;
     qint16 Snapshots_Show = 1;
     qint16 Snapshots_UseWizard = 1;
+    // While Lumbra waits for the emulator, the command line is shown before it starts.
+    qint16 ShowCommandLine = 1;
     WindowPlacement MainForm;
 
     friend bool operator==(const Settings&, const Settings&) = default;

@@ -46,12 +46,17 @@ std::pair<QString, QString> FileName(const QString& fileSection, const QString& 
 
 } // namespace
 
-SettingsStore::SettingsStore(const QString& application)
-    : m_file(StoreFile::Open(StorePath(application))) {}
+SettingsStore::SettingsStore(const QString& application) : m_path(StorePath(application)) {}
+
+StoreFile& SettingsStore::File() const {
+    if (!m_file)
+        m_file = StoreFile::Open(m_path);
+    return *m_file;
+}
 
 // Changes not synced yet are saved when the store goes, as QSettings saves them.
 SettingsStore::~SettingsStore() {
-    if (m_file->HasUnsavedChanges())
+    if (m_file && m_file->HasUnsavedChanges())
         WriteFile();
 }
 
@@ -68,27 +73,36 @@ const QString& SettingsStore::FileSection(const QString& section) const {
 QString SettingsStore::Read(const QString& section, const QString& key,
                             const QString& defaultValue) const {
     const auto [fileSection, fileKey] = FileName(FileSection(section), key);
-    const StoreValue* value = m_file->Find(fileSection, fileKey);
+    const StoreValue* value = File().Find(fileSection, fileKey);
     return value && !IsAbsentValue(*value) ? TextOfValue(*value) : defaultValue;
 }
 
 bool SettingsStore::Contains(const QString& section, const QString& key) const {
     const auto [fileSection, fileKey] = FileName(FileSection(section), key);
-    return m_file->Find(fileSection, fileKey) != nullptr;
+    return File().Find(fileSection, fileKey) != nullptr;
 }
 
 void SettingsStore::Write(const QString& section, const QString& key, const QString& value) {
     const auto [fileSection, fileKey] = FileName(FileSection(section), key);
-    m_file->Set(fileSection, fileKey, ValueOfText(value));
+    File().Set(fileSection, fileKey, ValueOfText(value));
+}
+
+void SettingsStore::Remove(const QString& section, const QString& key) {
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    // A name of the General part also names the section of that name, as in QSettings.
+    if (fileSection.isEmpty())
+        File().RemoveSection(fileKey);
+    else
+        File().Remove(fileSection, fileKey);
 }
 
 void SettingsStore::DeleteSection(const QString& section) {
-    m_file->RemoveSection(FileSection(section));
+    File().RemoveSection(FileSection(section));
 }
 
 QList<std::pair<QString, QString>> SettingsStore::ListSection(const QString& section) const {
     QList<std::pair<QString, QString>> pairs;
-    const StoreSection found = m_file->Content().value(FileSection(section));
+    const StoreSection found = File().Content().value(FileSection(section));
     QStringList keys = found.keys();
     std::sort(keys.begin(), keys.end());
     for (const QString& key : std::as_const(keys)) {
@@ -101,7 +115,7 @@ QList<std::pair<QString, QString>> SettingsStore::ListSection(const QString& sec
 
 QStringList SettingsStore::Sections() const {
     QStringList names;
-    const StoreContent& content = m_file->Content();
+    const StoreContent& content = File().Content();
     for (auto it = content.cbegin(); it != content.cend(); ++it) {
         if (!it.key().isEmpty() && !it->isEmpty())
             names.append(it.key());
@@ -122,8 +136,11 @@ void SettingsStore::Sync() {
 
 void SettingsStore::WriteFile() {
     m_syncDue = false;
-    QString error;
-    m_file->Save(error);
+    QString reason;
+    m_writeError.clear();
+    if (!File().Save(reason))
+        m_writeError = QStringLiteral("Could not save the settings to ") + m_path +
+                       QStringLiteral(": ") + reason;
 }
 
 SettingsStore::Batch::Batch(SettingsStore& store) : m_store(store) {
@@ -136,10 +153,10 @@ SettingsStore::Batch::~Batch() {
 }
 
 void SettingsStore::Clear() {
-    m_file->Clear();
+    File().Clear();
     WriteFile();
 }
 
 QString SettingsStore::FilePath() const {
-    return m_file->Path();
+    return m_path;
 }

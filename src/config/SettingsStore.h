@@ -26,6 +26,8 @@ public:
                  const QString& defaultValue = QString()) const;
     bool Contains(const QString& section, const QString& key) const;
     void Write(const QString& section, const QString& key, const QString& value);
+    // Removes one key of a section; nothing happens when it is absent.
+    void Remove(const QString& section, const QString& key);
     void DeleteSection(const QString& section);
     // The section's own name/value pairs, in the store's order.
     QList<std::pair<QString, QString>> ListSection(const QString& section) const;
@@ -49,6 +51,10 @@ public:
         SettingsStore& m_store;
     };
 
+    // Why the last write of the file failed ("Could not save the settings to
+    // <file>: <the system's reason>"), or an empty text when it succeeded.
+    QString WriteError() const { return m_writeError; }
+
     // Removes every section (tests and a reset).
     void Clear();
     QString FilePath() const;
@@ -58,9 +64,15 @@ private:
     // The section's name in the file; a run of writes to one section names it once.
     const QString& FileSection(const QString& section) const;
 
-    std::shared_ptr<StoreFile> m_file;
+    // Opened on first use, so that a writer that takes the writer lock first reads
+    // the store as the last writer left it.
+    StoreFile& File() const;
+
+    QString m_path;
+    mutable std::shared_ptr<StoreFile> m_file;
     mutable QString m_lastSection;
     mutable QString m_lastFileSection;
+    QString m_writeError;
     int m_batchDepth = 0;
     bool m_syncDue = false;
 };

@@ -1,6 +1,8 @@
 #include "config/StoreFile.h"
 
 #include "config/AbandonedLock.h"
+#include "config/SaveFileLeftovers.h"
+#include "platform/SaveFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,6 +11,8 @@
 #include <QLockFile>
 #include <QSaveFile>
 #include <QSettings>
+#include <QTemporaryFile>
+#include <algorithm>
 #include <memory>
 
 #ifdef Q_OS_UNIX
@@ -65,10 +69,13 @@ StoreContent ReadContent(const QString& path) {
 bool WriteContent(const QString& path, const StoreContent& content, QString& error) {
     const bool created = !QFileInfo::exists(path);
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(StoreText(content)) < 0 || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly)) {
         error = file.errorString();
         return false;
     }
+    file.write(StoreText(content));
+    if (!CommitWhole(file, &error))
+        return false;
     // As QSettings leaves a file it creates: readable by all, written by its owner.
     if (created)
         QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner |
@@ -77,6 +84,22 @@ bool WriteContent(const QString& path, const StoreContent& content, QString& err
 }
 
 #endif
+
+// QLockFile reports only that the lock file could not be made. Writing a file of the
+// store's size beside it fails the same way and gives the system's reason.
+QString WhyNotWritable(const QString& storeFile) {
+    const QFileInfo info(storeFile);
+    if (!QDir().mkpath(info.absolutePath()))
+        return QStringLiteral("its folder cannot be made");
+    QTemporaryFile probe(info.absolutePath() + QStringLiteral("/.") + info.fileName() +
+                         QStringLiteral(".probe-XXXXXX"));
+    if (!probe.open())
+        return probe.errorString();
+    const QByteArray bytes(std::max<qint64>(info.size(), 4096), '\n');
+    if (probe.write(bytes) != bytes.size() || !probe.flush())
+        return probe.errorString();
+    return QStringLiteral("the file could not be written");
+}
 
 // Empty sections are no part of the file.
 bool SameContent(const StoreContent& a, const StoreContent& b) {
@@ -161,6 +184,15 @@ void StoreFile::Apply(const Change& change) {
             section.insert(change.Key, change.Value);
         break;
     }
+    case Change::Kind::Remove: {
+        const auto section = m_content.find(change.Section);
+        if (section == m_content.end())
+            break;
+        section->remove(change.Key);
+        const QString below = change.Key + QLatin1Char('/');
+        section->removeIf([&below](const auto& key) { return key.key().startsWith(below); });
+        break;
+    }
     case Change::Kind::RemoveSection: {
         m_content.remove(change.Section);
         const auto general = m_content.find(QString());
@@ -176,6 +208,12 @@ void StoreFile::Apply(const Change& change) {
 
 void StoreFile::Set(const QString& section, const QString& key, const StoreValue& value) {
     Change change{Change::Kind::Set, section, key, value};
+    Apply(change);
+    m_unsaved.append(std::move(change));
+}
+
+void StoreFile::Remove(const QString& section, const QString& key) {
+    Change change{Change::Kind::Remove, section, key, StoreValue()};
     Apply(change);
     m_unsaved.append(std::move(change));
 }
@@ -199,12 +237,15 @@ bool StoreFile::Save(QString& error) {
         return true;
     }
     const QString lockPath = m_path + QStringLiteral(".lock");
-    QDir().mkpath(QFileInfo(m_path).absolutePath());
     // The lock that QSettings takes for a write, so that the two never interleave;
     // one left behind by a killed process would hold a save for half a minute.
     RemoveAbandonedLock(lockPath);
+    RemoveSaveFileLeftovers(m_path);
     QLockFile lock(lockPath);
-    lock.lock();
+    if (!QDir().mkpath(QFileInfo(m_path).absolutePath()) || !lock.lock()) {
+        error = WhyNotWritable(m_path);
+        return false;
+    }
     Refresh();
     // Sections removed and written again as they were are no change either.
     if (SameContent(m_content, m_saved)) {

@@ -20,6 +20,8 @@ public:
     const StoreValue* Find(const QString& section, const QString& key) const;
 
     void Set(const QString& section, const QString& key, const StoreValue& value);
+    // Removes the key and the keys below it ("key/...").
+    void Remove(const QString& section, const QString& key);
     // Removes the section and a key of the General part with its name.
     void RemoveSection(const QString& section);
     void Clear();
@@ -43,7 +45,7 @@ private:
     };
     // A change not saved yet, kept to lay it over what another process wrote.
     struct Change {
-        enum class Kind { Set, RemoveSection, Clear } What;
+        enum class Kind { Set, Remove, RemoveSection, Clear } What;
         QString Section;
         QString Key;
         StoreValue Value;

@@ -11,6 +11,8 @@
 #include <QThread>
 
 #ifdef Q_OS_UNIX
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -36,7 +38,12 @@ QString LockPath(const SettingsStore& store) {
 } // namespace
 
 StoreWriterLock::StoreWriterLock(const SettingsStore& store, Holder role)
-    : m_path(LockPath(store)), m_role(role) {}
+    : m_storePath(store.FilePath()), m_path(LockPath(store)), m_role(role) {}
+
+void StoreWriterLock::NoteFailure(const QString& reason) {
+    m_failure = QStringLiteral("Could not save the settings to ") + m_storePath +
+                QStringLiteral(": ") + reason;
+}
 
 StoreWriterLock::~StoreWriterLock() {
     Release();
@@ -45,7 +52,10 @@ StoreWriterLock::~StoreWriterLock() {
 bool StoreWriterLock::TryAcquire(int commandWaitMs) {
     QElapsedTimer waited;
     waited.start();
+    m_failure.clear();
     while (!TryOnce()) {
+        if (!m_failure.isEmpty())
+            return false;
         ReadHolder();
         if (m_heldBy == Holder::Window || waited.elapsed() >= commandWaitMs)
             return false;
@@ -66,8 +76,10 @@ bool StoreWriterLock::TryOnce() {
     // Close-on-exec: an emulator started from Lumbra must not inherit the lock.
     const int fd =
         ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (fd < 0)
+    if (fd < 0) {
+        NoteFailure(QString::fromLocal8Bit(std::strerror(errno)));
         return false;
+    }
     if (::flock(fd, LOCK_EX | LOCK_NB) != 0) {
         ::close(fd);
         return false;
@@ -109,8 +121,11 @@ bool StoreWriterLock::TryOnce() {
         return true;
     auto lock = std::make_unique<QLockFile>(m_path);
     lock->setStaleLockTime(0); // a live holder is never stale, however long it runs
-    if (!lock->tryLock(0))
+    if (!lock->tryLock(0)) {
+        if (lock->error() != QLockFile::LockFailedError)
+            NoteFailure(QStringLiteral("the lock file could not be made"));
         return false;
+    }
     m_portableLock = std::move(lock);
     return true;
 }

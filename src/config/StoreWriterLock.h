@@ -34,12 +34,19 @@ public:
     qint64 HolderProcess() const { return m_holderProcess; }
     // " (process N)", or nothing when the number could not be read.
     QString HolderProcessText() const;
+    // After a failed TryAcquire: "Could not save the settings to <file>: <reason>"
+    // when the lock file itself could not be made (a read-only or missing folder),
+    // or an empty text when another writer holds the lock.
+    QString Failure() const { return m_failure; }
 
 private:
     bool TryOnce();
+    void NoteFailure(const QString& reason);
     void ReadHolder();
 
+    QString m_storePath;
     QString m_path;
+    QString m_failure;
     Holder m_role;
     Holder m_heldBy = Holder::Command;
     qint64 m_holderProcess = 0;

@@ -5,10 +5,12 @@
 #include "base/StringHelpers.h"
 #include "catalogue/GameList.h"
 #include "platform/PathResolver.h"
+#include "platform/SaveFile.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QIODevice>
+#include <QSaveFile>
 #include <algorithm>
 #include <optional>
 
@@ -322,16 +324,19 @@ bool WriteGameListExport(const GameList& games, const ExportChoices& choices, co
         GiveReason(reason, why);
         return false;
     }
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    // Written beside the old file and renamed over it: a kill or a full disk leaves
+    // the old file whole.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
         GiveReason(reason, file.errorString());
         return false;
     }
-    const bool written = WriteRows(file, *rows, choices, progress, why) && file.flush();
-    if (!written)
+    if (!WriteRows(file, *rows, choices, progress, why)) {
         GiveReason(reason, why.isEmpty() ? file.errorString() : why);
-    file.close();
-    return written;
+        file.cancelWriting();
+        return false;
+    }
+    return CommitWhole(file, reason);
 }
 
 bool WriteGameListExport(const GameList& games, const ExportChoices& choices, QIODevice& output,

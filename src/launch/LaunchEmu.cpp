@@ -6,11 +6,15 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
+#include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
+#include "emulators/FoundEmulatorTable.h"
+#include "launch/PlayWizard.h"
 #include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
 #include "platform/SystemShell.h"
 #include "rom/DecompressGame.h"
+#include "rom/GameImage.h"
 #include "snapshots/SnapshotWizard.h"
 
 #include <QDir>
@@ -31,16 +35,6 @@ void Log(const QString& line) {
     LogEvent(line);
 }
 
-// Switch settings are check-box states, but a hand-edited -1 (true) is honoured
-// in the bitwise tests, as the settings dialog's values 0 and 1 are.
-bool BitwiseAny(qint16 a, qint16 b) {
-    return static_cast<quint16>(a & b) != 0;
-}
-
-qint16 AsFlag(bool value) {
-    return value ? -1 : 0;
-}
-
 // The folder a program is looked for in: nothing when the emulator is not set up.
 QString ProbeInFolder(const QString& folder, const QString& name) {
     if (TrimBlanks(folder).isEmpty())
@@ -48,14 +42,49 @@ QString ProbeInFolder(const QString& folder, const QString& name) {
     return GetShortPath(AddBackslash(folder) + name);
 }
 
+// The game's own launch file beside it (.pif, then .bat, then .sh); empty when none.
+QString GameLaunchFile(const QString& base) {
+    for (const char* extension : {".pif", ".bat", ".sh"}) {
+        const QString launchFile = GetShortPath(base + QLatin1String(extension));
+        if (!launchFile.isEmpty())
+            return launchFile;
+    }
+    return QString();
+}
+
 } // namespace
+
+void EmulatorLauncher::ReportMissingGame(const QString& fileName) {
+    m_prompts.Message(
+        fileName + QStringLiteral("\r\nCan no longer be found!\r\n\r\n") +
+            QStringLiteral("Solution: If you are storing your ROMs on removable "
+                           "media ") +
+            QStringLiteral("insert the media and try again. Otherwise the file was ") +
+            QStringLiteral("deleted/moved/renamed while ") + AppTitle +
+            QStringLiteral(" was running, to correct the problem exit ") + AppTitle +
+            QStringLiteral(", then open it back up."),
+        PromptButtons::Ok, PromptIcon::Exclamation);
+}
+
+void EmulatorLauncher::ReportEmptyArchive() {
+    m_prompts.Message(QStringLiteral("No SNES game file was found in the requested file, ") +
+                          QStringLiteral("you may want to remove the file from the list "
+                                         "(Right-Click the file to bring up the menu)"),
+                      PromptButtons::Ok, PromptIcon::Exclamation);
+}
 
 EmulatorLauncher::EmulatorLauncher(AppState& state, Prompts& prompts, SystemShell& shell,
                                    SnapshotWizardView& wizardView)
     : m_state(state), m_prompts(prompts), m_shell(shell), m_wizardView(wizardView) {}
 
+void EmulatorLauncher::ReleaseDetachedPlay() {
+    FlushKeptFiles(m_state.Unzip, m_state.Options.UnzipFolder);
+    RemoveShortPathLinks();
+}
+
 LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
     const QString savedFolder = QDir::currentPath();
+    ReleaseDetachedPlay();
     Log(QStringLiteral("\r\n{ BEGIN LaunchEmu"));
     try {
         if (gameIndex < 0 || gameIndex >= GameList::Capacity)
@@ -65,9 +94,29 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
         Log(QStringLiteral("    Game Caption: ") + game.Caption);
         game.Folder = AddBackslash(game.Folder);
 
+        // An emulator Lumbra found is started directly with the game's real path, unless
+        // the game has its own launch file.
+        const QString chosenEmulator =
+            game.Emulator.isEmpty() || game.Emulator.toLower() == QLatin1String("default")
+                ? options.DefaultEmulator
+                : game.Emulator;
+        if (m_state.Emulators.FindEmulatorIndex(chosenEmulator) < 0) {
+            const FoundEmulatorTable table(m_state.Store, LoadEmulatorCatalogue());
+            const FoundEmulator* found = table.Find(chosenEmulator);
+            const int dot = InStrLast(game.Filename, QStringLiteral("."));
+            const bool ownLaunchFile =
+                options.RomBatchFileSupport == 1 && dot > 0 && !IsZippedGame(game.Filename) &&
+                !GameLaunchFile(game.Folder + game.Filename.left(dot - 1)).isEmpty();
+            if (found && !ownLaunchFile) {
+                const LaunchEnd end = LaunchFound(game, table, *found);
+                QDir::setCurrent(savedFolder);
+                return end;
+            }
+        }
+
         QString launchFolder;
         QString launchFileName;
-        const bool zipped = game.Filename.right(3).toLower() == QLatin1String("zip");
+        const bool zipped = IsZippedGame(game.Filename);
         if (!zipped) {
             launchFolder = game.Folder;
             launchFileName = game.Filename;
@@ -84,40 +133,24 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             game.ExtractedShortName = GetFileName(GetShortPath(launchFolder + launchFileName));
         }
 
-        // The game's own launch file, beside it: .pif, then .bat, then .sh.
+        // The game's own launch file, beside it: .pif, then .bat, then .sh. Files that
+        // came out of an archive are data, never programs: a zipped game has none.
         QString launchFile;
         bool gameLaunchFile = false;
-        if (options.RomBatchFileSupport == 1) {
+        if (options.RomBatchFileSupport == 1 && !zipped) {
             const int dot = InStrLast(launchFileName, QStringLiteral("."));
             if (dot == 0)
                 throw RunTimeError{InvalidArgument,
                                    QStringLiteral("Invalid procedure call or argument")};
-            const QString base = launchFolder + launchFileName.left(dot - 1);
-            for (const char* extension : {".pif", ".bat", ".sh"}) {
-                launchFile = GetShortPath(base + QLatin1String(extension));
-                if (!launchFile.isEmpty())
-                    break;
-            }
+            launchFile = GameLaunchFile(launchFolder + launchFileName.left(dot - 1));
             gameLaunchFile = !launchFile.isEmpty();
         }
 
         if (launchFileName.isEmpty() && !gameLaunchFile) {
             if (zipped)
-                m_prompts.Message(
-                    QStringLiteral("No SNES game file was found in the requested file, ") +
-                        QStringLiteral("you may want to remove the file from the list "
-                                       "(Right-Click the file to bring up the menu)"),
-                    PromptButtons::Ok, PromptIcon::Exclamation);
+                ReportEmptyArchive();
             else
-                m_prompts.Message(
-                    game.ExtractedFile + QStringLiteral("\r\nCan no longer be found!\r\n\r\n") +
-                        QStringLiteral("Solution: If you are storing your ROMs on removable "
-                                       "media ") +
-                        QStringLiteral("insert the media and try again. Otherwise the file was ") +
-                        QStringLiteral("deleted/moved/renamed while ") + AppTitle +
-                        QStringLiteral(" was running, to correct the problem exit ") + AppTitle +
-                        QStringLiteral(", then open it back up."),
-                    PromptButtons::Ok, PromptIcon::Exclamation);
+                ReportMissingGame(game.ExtractedFile);
             Log(QStringLiteral("} EXIT LaunchEmu (Error, file not found)"));
             return LaunchEnd::GameNotFound;
         }
@@ -171,15 +204,24 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
         for (EmulatorRecord& emulator : m_state.Emulators.Records)
             emulator.SnapshotFolder = emulator.SaveFolder;
 
+        const QElapsedTimer playClock = StartPlay(m_state.Store, game);
         if (gameLaunchFile) {
             Log(QStringLiteral("    Shell Using: ShellExecute (Win32 API)"));
             m_shell.ShellExecute(launchFile, QString(), QString());
         } else {
             const EmulatorRecord& emulator = m_state.Emulators.Records[emulatorIndex];
             const QString emulatorFolder = AddBackslash(emulator.Folder);
+            const QString shortGamePath = GetShortPath(launchFolder + launchFileName);
+            if (shortGamePath.isEmpty() && !ShortPathFailure().isEmpty()) {
+                // The private folder for short paths is not safe to use.
+                m_prompts.Message(ShortPathFailure(), PromptButtons::Ok, PromptIcon::Exclamation);
+                if (zipped)
+                    DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
+                Log(QStringLiteral("} EXIT LaunchEmu (No Short Path)"));
+                return LaunchEnd::Failed;
+            }
             QDir::setCurrent(PathResolver().ResolveOrKeep(emulatorFolder));
-            QString arguments =
-                (QStringLiteral(" ") + GetShortPath(launchFolder + launchFileName)).toLower();
+            QString arguments = (QStringLiteral(" ") + shortGamePath).toLower();
             Log(QStringLiteral("    Command Line Defined"));
             const QString program = PathResolver().ResolveOrKeep(emulatorFolder + launchFile);
             if (options.Snapshots_UseWizard != 1) {
@@ -189,12 +231,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             } else {
                 SnapshotWizard wizard(m_state, m_prompts);
                 wizard.SetRomFilename(game.Filename);
-                if (BitwiseAny(~options.Snapshots_HideIfPicExists, ~AsFlag(wizard.PicExists()))) {
-                    wizard.SetAutoUseFirst(options.Snapshots_AutoUse1st != 0);
-                    wizard.SetAutoRenameAll(options.Snapshots_AutoRenameAll != 0);
-                    wizard.SetFilePath(emulator.SnapshotFolder);
-                    Log(QStringLiteral("    Snapshot Wizard Activated"));
-                }
+                ArmWizard(wizard, options, emulator.SnapshotFolder);
                 if (!game.Profile.isEmpty()) {
                     const QString optionText = TrimBlanks(
                         ReadProfile(m_state.Store, QStringLiteral("Snes9X"), game.Profile));
@@ -203,27 +240,23 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
                 }
                 Log(QStringLiteral(
                     "    Shell Using: ShellAndWait (WaitForSingleObject Win32 API)"));
-                m_prompts.Message(launchFile + arguments);
+                if (options.ShowCommandLine != 0)
+                    m_prompts.Message(launchFile + arguments);
                 m_shell.ShellAndWait(emulatorFolder + launchFile + arguments,
                                      QStringLiteral("ShellAndWait"));
-                wizard.SortForNewImages();
-                if (wizard.ImageCount() > 0) {
-                    if (BitwiseAny(options.Snapshots_HideIfPicExists, AsFlag(wizard.PicExists()))) {
-                        Log(QStringLiteral("    Snapshot Exists, Wizard Hidden"));
-                    } else {
-                        Log(QStringLiteral("    Snapshot Wizard Displayed"));
-                        m_wizardView.ShowModal(wizard);
-                    }
-                } else {
-                    Log(QStringLiteral("    Snapshot Wizard Deacticated: No new images found."));
-                }
-                if (wizard.FirstPicUsed())
-                    Log(QStringLiteral("    Snapshot Wizard: Automatically Used First New Image"));
+                EndPlay(m_state.Store, game, playClock);
+                OfferNewImages(wizard, options, m_wizardView);
             }
         }
 
-        if (zipped)
+        const bool detached = gameLaunchFile || options.Snapshots_UseWizard != 1;
+        if (zipped && detached) {
+            KeepExtractedFiles(m_state.Unzip);
+        } else if (zipped) {
             DecompressGame(m_state.Unzip, m_state.Options.UnzipFolder, m_prompts, Flush);
+        }
+        if (!detached)
+            RemoveShortPathLinks();
         QDir::setCurrent(savedFolder);
         Log(QStringLiteral("} END LaunchEmu"));
         return LaunchEnd::Ended;

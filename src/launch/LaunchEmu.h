@@ -2,10 +2,20 @@
 
 #include "launch/Launcher.h"
 
+#include <QString>
+
 class Prompts;
 class SnapshotWizardView;
 class SystemShell;
 struct AppState;
+struct FoundEmulator;
+struct GameRecord;
+struct ProgramEnd;
+class FoundEmulatorTable;
+
+// What is said when an emulator could not start or failed at once: its name, its
+// exit status and the last lines of its error output.
+QString EarlyFailureText(const QString& emulatorName, const ProgramEnd& end);
 
 // How a launch ended: it ran to its end, or stopped early (the reason is in the
 // event log and was shown to the player).
@@ -23,7 +33,17 @@ public:
     void LaunchEmu(int gameIndex) override { Launch(gameIndex); }
     LaunchEnd Launch(int gameIndex);
 
+    // Removes what a game started without waiting still needed: its extracted files
+    // and short-path links. The next launch calls it, and the program's end.
+    void ReleaseDetachedPlay();
+
 private:
+    // Starts an emulator Lumbra found: directly, with the game's real path.
+    LaunchEnd LaunchFound(GameRecord& game, const FoundEmulatorTable& table,
+                          const FoundEmulator& emulator);
+    void ReportMissingGame(const QString& fileName);
+    void ReportEmptyArchive();
+
     AppState& m_state;
     Prompts& m_prompts;
     SystemShell& m_shell;

@@ -3,7 +3,9 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "platform/CommandLine.h"
+#include "platform/DocumentOpener.h"
 #include "platform/PathResolver.h"
+#include "platform/WatchedProgram.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -52,6 +54,44 @@ std::filesystem::path FileSystemPath(const QString& path) {
 
 RealShell::RealShell(Prompts& prompts, DocumentOpener openDocument)
     : m_prompts(prompts), m_openDocument(std::move(openDocument)) {}
+
+RealShell::~RealShell() = default;
+
+ProgramEnd RealShell::RunProgram(const QString& program, const QStringList& arguments,
+                                 const QString& folder) {
+    WatchedProgram watched(program, arguments, folder);
+    if (!watched.Start())
+        return watched.End();
+    QProcess& process = watched.Process();
+    if (process.state() != QProcess::NotRunning) {
+        QEventLoop loop;
+        QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    return watched.End();
+}
+
+void RealShell::StartProgram(const QString& program, const QStringList& arguments,
+                             const QString& folder,
+                             std::function<void(const ProgramEnd&)> onEarlyFailure) {
+    std::erase_if(m_started, [](const std::unique_ptr<WatchedProgram>& started) {
+        return started->Process().state() == QProcess::NotRunning;
+    });
+    auto watched = std::make_unique<WatchedProgram>(program, arguments, folder);
+    if (!watched->Start()) {
+        if (onEarlyFailure)
+            onEarlyFailure(watched->End());
+        return;
+    }
+    WatchedProgram* started = watched.get();
+    QObject::connect(&started->Process(), &QProcess::finished, &started->Process(),
+                     [started, onEarlyFailure] {
+                         const ProgramEnd end = started->End();
+                         if (end.FailedEarly() && onEarlyFailure)
+                             onEarlyFailure(end);
+                     });
+    m_started.push_back(std::move(watched));
+}
 
 void RealShell::ShellAndWait(const QString& commandLine, const QString& mode) {
     const QString word = mode.toLower();
@@ -113,8 +153,9 @@ void RealShell::ShellExecute(const QString& file, const QString& parameters,
         const ParsedCommand command =
             CommandForFile(info.absoluteFilePath(), SplitArguments(parameters));
         QProcess::startDetached(command.Program, command.Arguments, folder);
-    } else if (m_openDocument) {
-        m_openDocument(info.absoluteFilePath());
+    } else if (!m_openDocument || !m_openDocument(info.absoluteFilePath())) {
+        m_prompts.Message(NoProgramToOpenMessage(info.absoluteFilePath()), PromptButtons::Ok,
+                          PromptIcon::Exclamation);
     }
 }
 
@@ -155,6 +196,6 @@ void RealShell::ShellDeleteFile(const QString& path) {
         QFile::moveToTrash(resolved);
 }
 
-std::optional<QString> RealShell::BrowseForFolder(const QString& title) {
-    return m_prompts.BrowseForFolder(title);
+std::optional<QString> RealShell::BrowseForFolder(const QString& title, const QString& folder) {
+    return m_prompts.BrowseForFolder(title, folder);
 }

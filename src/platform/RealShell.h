@@ -4,6 +4,10 @@
 
 #include <QtGlobal>
 #include <functional>
+#include <memory>
+#include <vector>
+
+class WatchedProgram;
 
 class Prompts;
 struct ParsedCommand;
@@ -26,13 +30,19 @@ public:
     };
 
     RealShell(Prompts& prompts, DocumentOpener openDocument);
+    ~RealShell() override;
 
     void ShellAndWait(const QString& commandLine, const QString& mode) override;
     void ShellExecute(const QString& file, const QString& parameters,
                       const QString& directory) override;
+    ProgramEnd RunProgram(const QString& program, const QStringList& arguments,
+                          const QString& folder) override;
+    void StartProgram(const QString& program, const QStringList& arguments, const QString& folder,
+                      std::function<void(const ProgramEnd&)> onEarlyFailure) override;
     void ShellCopyFile(const QString& source, const QString& target) override;
     void ShellDeleteFile(const QString& path) override;
-    std::optional<QString> BrowseForFolder(const QString& title) override;
+    std::optional<QString> BrowseForFolder(const QString& title,
+                                           const QString& folder = QString()) override;
 
     const ProcessRecord& ShelledProcess() const { return m_shelledProcess; }
 
@@ -43,4 +53,6 @@ private:
     Prompts& m_prompts;
     DocumentOpener m_openDocument;
     ProcessRecord m_shelledProcess;
+    // Programs started without waiting; one that ended goes at the next start.
+    std::vector<std::unique_ptr<WatchedProgram>> m_started;
 };

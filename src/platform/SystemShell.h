@@ -1,7 +1,24 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <functional>
 #include <optional>
+
+// How a program started with its argument list ended.
+struct ProgramEnd {
+    bool Started = false;
+    QString StartError; // the system's reason when it did not start
+    bool Crashed = false;
+    int ExitStatus = 0;
+    // Whether it ended within EarlySeconds of its start: a failure then is a failure to
+    // play (a missing file, a bad option), not the end of a game.
+    bool Early = false;
+    QString ErrorTail; // the last lines of its error output
+
+    static constexpr int EarlySeconds = 5;
+    bool FailedEarly() const { return !Started || (Early && (Crashed || ExitStatus != 0)); }
+};
 
 // Everything that leaves the process to start a program or to move a file the way
 // the desktop's shell would. The real implementation starts processes directly
@@ -26,6 +43,18 @@ public:
     virtual void ShellExecute(const QString& file, const QString& parameters,
                               const QString& directory) = 0;
 
+    // Starts the program with its arguments, each one argv entry, in the folder, and
+    // waits for its end while the windows keep repainting (user input waits).
+    virtual ProgramEnd RunProgram(const QString& program, const QStringList& arguments,
+                                  const QString& folder) = 0;
+    // Starts the program the same way and returns at once. When it cannot start, or
+    // ends with a failure within ProgramEnd::EarlySeconds, onEarlyFailure gets how it
+    // ended (later, from the event loop, for a program that started). It keeps running
+    // when Lumbra ends.
+    virtual void StartProgram(const QString& program, const QStringList& arguments,
+                              const QString& folder,
+                              std::function<void(const ProgramEnd&)> onEarlyFailure) = 0;
+
     // Copies a file, asking before it replaces one; a failure is shown with the
     // system's reason.
     virtual void ShellCopyFile(const QString& source, const QString& target) = 0;
@@ -33,6 +62,8 @@ public:
     // Moves a file to the desktop's trash after a yes/no question.
     virtual void ShellDeleteFile(const QString& path) = 0;
 
-    // The folder the player picks, or nothing when the browser is cancelled.
-    virtual std::optional<QString> BrowseForFolder(const QString& title) = 0;
+    // The folder the player picks, or nothing when the browser is cancelled. The
+    // browser opens at folder when that folder exists.
+    virtual std::optional<QString> BrowseForFolder(const QString& title,
+                                                   const QString& folder = QString()) = 0;
 };

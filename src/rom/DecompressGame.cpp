@@ -4,6 +4,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "platform/PathResolver.h"
+#include "rom/GameImage.h"
 #include "rom/QzUnzipFiles.h"
 #include "rom/UnzipState.h"
 
@@ -11,18 +12,6 @@
 #include <QStringList>
 
 namespace {
-
-// The game image extensions, in the order they are tried.
-const QStringList GameExtensions = {
-    QStringLiteral("1"),   QStringLiteral("058"), QStringLiteral("078"), QStringLiteral("fig"),
-    QStringLiteral("sfc"), QStringLiteral("smc"), QStringLiteral("swc")};
-
-bool IsGameImage(const QString& name) {
-    const int dot = InStrLast(name, QStringLiteral("."));
-    if (dot == 0 || dot == name.size())
-        return false;
-    return GameExtensions.contains(name.mid(dot).toLower());
-}
 
 // Deletes every file the last extraction made; a file already gone is passed over.
 void Flush(const UnzipState& unzipState, const QString& unzipFolder) {
@@ -34,6 +23,28 @@ void Flush(const UnzipState& unzipState, const QString& unzipFolder) {
 }
 
 } // namespace
+
+QString FirstGameImage(const UnzipState& unzipped) {
+    for (const QString& name : unzipped.UnzippedFiles) {
+        if (!name.isEmpty() && IsGameImage(name))
+            return name;
+    }
+    return QString();
+}
+
+void KeepExtractedFiles(UnzipState& unzipState) {
+    for (const QString& name : unzipState.UnzippedFiles) {
+        if (!name.isEmpty())
+            unzipState.KeptForPlay.append(name);
+    }
+}
+
+void FlushKeptFiles(UnzipState& unzipState, const QString& unzipFolder) {
+    const QString folder = AddBackslash(unzipFolder);
+    for (const QString& name : std::as_const(unzipState.KeptForPlay))
+        QFile::remove(folder + name);
+    unzipState.KeptForPlay.clear();
+}
 
 QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Prompts& prompts,
                        const QString& argument) {
@@ -60,10 +71,8 @@ QString DecompressGame(UnzipState& unzipState, const QString& unzipFolder, Promp
     if (EventLog::DebugMode())
         prompts.Message(QStringLiteral("The following files were unzipped:\r\n\r\n") + unzipped);
 
-    for (const QString& name : unzipState.UnzippedFiles) {
-        if (!name.isEmpty() && IsGameImage(name))
-            return name;
-    }
-    Flush(unzipState, unzipFolder);
-    return QString();
+    const QString game = FirstGameImage(unzipState);
+    if (game.isEmpty())
+        Flush(unzipState, unzipFolder);
+    return game;
 }

@@ -1,11 +1,15 @@
 #include "rom/QzUnzipFiles.h"
 
+#include "base/EventLog.h"
 #include "base/Prompts.h"
+#include "base/StringHelpers.h"
+#include "rom/ArchiveEntryName.h"
 #include "rom/UnzipFolder.h"
 #include "rom/UnzipState.h"
 
 #include <QDir>
 #include <QFile>
+#include <QSet>
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
@@ -22,6 +26,7 @@ struct QzUnzipFiles::Run {
     bool Stopped = false;
     bool PasswordRefused = false;
     std::string Password;
+    QSet<QString> Names; // every file name claimed so far, in lower case
 };
 
 namespace {
@@ -31,23 +36,6 @@ constexpr qsizetype BlockSize = 64 * 1024;
 QString ReasonOf(archive* reader) {
     const char* reason = archive_error_string(reader);
     return reason ? QString::fromLocal8Bit(reason) : QStringLiteral("Unknown error");
-}
-
-QString EntryPath(archive_entry* entry) {
-    if (const char* utf8 = archive_entry_pathname_utf8(entry))
-        return QString::fromUtf8(utf8);
-    const char* raw = archive_entry_pathname(entry);
-    return raw ? QFile::decodeName(raw) : QString();
-}
-
-// The last path component, or an empty text when that names no file.
-QString FlatName(const QString& path) {
-    const qsizetype cut =
-        std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char('\\')));
-    const QString name = path.mid(cut + 1);
-    if (name == QLatin1String(".") || name == QLatin1String(".."))
-        return QString();
-    return name;
 }
 
 std::optional<qint64> ModifiedTime(archive_entry* entry) {
@@ -144,6 +132,17 @@ void QzUnzipFiles::ExtractEntry(Run& run, archive_entry* entry) {
             Note(QStringLiteral("Tested: ") + name);
         return;
     }
+    // The first entry of a name wins, whatever happens to it: a later one of the same
+    // name (letter case aside, since many file systems ignore it) would replace the
+    // game that is then played.
+    if (run.Names.contains(name.toLower())) {
+        LogEvent(QStringLiteral("Left out a later entry named ") + name + QStringLiteral(" of ") +
+                 ReplaceControlCharacters(ZipFileName) +
+                 QStringLiteral(": the first entry of that name is kept."));
+        Note(path + QStringLiteral(": left out, an earlier entry has the same name"));
+        return;
+    }
+    run.Names.insert(name.toLower());
     if (!ShouldWrite(run, entry, name) || !ReadData(run, entry, &*run.Folder))
         return;
     if (!run.Folder->Commit(name, ModifiedTime(entry))) {
@@ -248,7 +247,8 @@ void QzUnzipFiles::Append(const QString& line) {
     QString& message = m_state.UnzipMessage;
     if (!message.isEmpty())
         message += QStringLiteral("\r\n");
-    message += line;
+    // libarchive's reasons may quote a name too.
+    message += ReplaceControlCharacters(line);
 }
 
 const char* QzUnzipFiles::AskPassword(archive* /*reader*/, void* self) {

@@ -28,8 +28,12 @@ enum UnzipCode : int {
 // Extraction is always flat and never writes outside the folder: an entry's name is
 // cut to its last path component ("\" counts as a separator too); entries whose name
 // then is empty, "." or "..", and entries that are not regular files (links, devices,
-// FIFOs), are left out. An archive of more than MaxEntries entries, or one that expands
-// beyond MaxBytes, stops the extraction, and the files it wrote are deleted.
+// FIFOs), are left out. Control characters in a name become U+FFFD, in the file's name
+// and in the message alike. Of entries whose names are the same (letter case aside), the
+// first wins: the later ones are left out, each with an event-log line and a message
+// line, and the result stays what it was. An archive of more than MaxEntries entries, or
+// one that expands beyond MaxBytes, stops the extraction, and the files it wrote are
+// deleted.
 //
 // The properties keep the unzip library's options and defaults. What each does here:
 //   ExtractNewer       freshen: only files the folder already holds, when the entry is

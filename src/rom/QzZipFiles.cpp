@@ -1,6 +1,7 @@
 #include "rom/QzZipFiles.h"
 
 #include "base/Prompts.h"
+#include "platform/SaveFile.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -118,8 +119,9 @@ int QzZipFiles::MakeZipFile() {
         file.cancelWriting();
         return code;
     }
-    if (!file.commit())
-        return Fail(ZipCannotWrite, ZipFileName + QStringLiteral(": ") + file.errorString());
+    QString reason;
+    if (!CommitWhole(file, &reason))
+        return Fail(ZipCannotWrite, ZipFileName + QStringLiteral(": ") + reason);
     return ZipOk;
 }
 

@@ -3,6 +3,7 @@
 #include "base/StringHelpers.h"
 #include "platform/PathResolver.h"
 #include "rom/FormatCaption.h"
+#include "rom/GameImage.h"
 #include "rom/RomInfo.h"
 
 #include <QFile>
@@ -54,7 +55,7 @@ QString RawTitle(const QString& path, PathResolver& resolver) {
 
 QString FirstCaption(const QString& path, qint16 useBaseFilenames, PathResolver& resolver) {
     // An archive is not opened: its file name stands for the title.
-    const bool zipped = LowerCase(path.right(3)) == QLatin1String("zip");
+    const bool zipped = IsZippedGame(path);
     const QString caption = FormatCaption(zipped ? GetFileName(path) : RawTitle(path, resolver));
     if (!caption.isEmpty())
         return caption;

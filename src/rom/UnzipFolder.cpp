@@ -1,5 +1,7 @@
 #include "rom/UnzipFolder.h"
 
+#include "platform/OsHelpers.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRandomGenerator>
@@ -26,7 +28,7 @@ QByteArray TempName() {
 #ifdef Q_OS_UNIX
 
 UnzipFolder::UnzipFolder(const QString& path) {
-    QDir().mkpath(path);
+    MakePrivateFolder(path);
     m_folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (m_folder < 0)
         Fail();
@@ -114,8 +116,8 @@ void UnzipFolder::Remove(const QString& name) {
 
 UnzipFolder::UnzipFolder(const QString& path)
     : m_path(QDir(path).absolutePath() + QLatin1Char('/')) {
-    if (!QDir().mkpath(path))
-        m_error = QStringLiteral("Cannot make the folder");
+    if (!MakePrivateFolder(path, &m_error))
+        m_error = QStringLiteral("Cannot make the folder: ") + m_error;
 }
 
 UnzipFolder::~UnzipFolder() {

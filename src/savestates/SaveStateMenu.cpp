@@ -51,7 +51,11 @@ SaveStateMenu EmptySaveStateMenu() {
 
 SaveStateMenu BuildSaveStateMenu(AppState& state, int gameIndex) {
     SaveStateMenu menu = EmptySaveStateMenu();
-    const auto [shortBase, longBase] = BaseNames(state.Games.Records[gameIndex]);
+    // Named variables, not a structured binding: the probe below captures them, and
+    // clang before 16 refuses to capture a structured binding.
+    const std::pair<QString, QString> baseNames = BaseNames(state.Games.Records[gameIndex]);
+    const QString& shortBase = baseNames.first;
+    const QString& longBase = baseNames.second;
     PathResolver resolver; // one listing of each save folder for the whole menu
     for (int emulator = 0; emulator < EmulatorTable::Count; ++emulator) {
         const int index = state.Emulators.FindEmulatorIndex(EmulatorTable::Names[emulator]);
@@ -61,10 +65,14 @@ SaveStateMenu BuildSaveStateMenu(AppState& state, int gameIndex) {
         folder = AddBackslash(folder);
         const auto probe = [&](const QString& extension, SaveStateItem& item,
                                const QString& usedCaption) {
-            if (!resolver.Exists(folder + shortBase + extension) &&
-                !resolver.Exists(folder + longBase + extension))
-                return;
-            item = {usedCaption, true, folder + shortBase + extension};
+            // The tag names the file that is there: on this system a short base is
+            // often no file at all.
+            for (const QString& base : {shortBase, longBase}) {
+                if (resolver.Exists(folder + base + extension)) {
+                    item = {usedCaption, true, folder + base + extension};
+                    return;
+                }
+            }
         };
         probe(QStringLiteral(".srm"), menu[emulator].Sram, QStringLiteral("SRAM File"));
         for (int slot = 0; slot < SaveStateSlots(emulator); ++slot)

@@ -34,7 +34,8 @@ SaveStateMenu EmptySaveStateMenu();
 // Probes each emulator's save folder for the game's SRAM and save-state files, under
 // the game's short base name and under its long one (for a zipped game that has been
 // played, those of its extracted file), in any letter case. An emulator without a
-// save folder shows every slot empty. A used item's file is named with the short base.
+// save folder shows every slot empty. A used item names the file found, the short
+// base's first.
 SaveStateMenu BuildSaveStateMenu(AppState& state, int gameIndex);
 
 // A click on a used item: its file goes to the trash, when "StateClickDeletes" is on.

@@ -64,15 +64,26 @@ QString SnapshotWizard::FilePath() const {
     return m_filePath;
 }
 
+void SnapshotWizard::SetImageFilter(std::function<bool(const QString&)> filter) {
+    m_imageFilter = std::move(filter);
+}
+
+QStringList SnapshotWizard::ListedImages() const {
+    QStringList images = ListImages(m_filePath, ListCapacity);
+    if (m_imageFilter)
+        images.removeIf([this](const QString& image) { return !m_imageFilter(image); });
+    return images;
+}
+
 void SnapshotWizard::SetFilePath(const QString& folder) {
     Load();
     m_filePath = ListingFolder(folder);
-    m_before = ListImages(m_filePath, ListCapacity);
+    m_before = ListedImages();
 }
 
 void SnapshotWizard::SortForNewImages() {
     Load();
-    const QStringList after = ListImages(m_filePath, ListCapacity);
+    const QStringList after = ListedImages();
     // The before list is searched no further than the number of images listed now.
     const QStringList searched = m_before.first(std::min(m_before.size(), after.size()));
     const QSet<QString> known(searched.begin(), searched.end());

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 class Prompts;
 struct AppState;
@@ -21,6 +22,9 @@ public:
     void SetRomFilename(const QString& fileName); // keeps the text before the first "."
     int ImageCount() const;
     QString FilePath() const;
+    // Keeps only the images whose file names pass (an emulator's own screenshot
+    // names); set before the folder.
+    void SetImageFilter(std::function<bool(const QString&)> filter);
     void SetFilePath(const QString& folder); // takes the before list
     void SortForNewImages();                 // takes the after list, finds the new images
     bool AutoUseFirst() const;
@@ -47,11 +51,13 @@ private:
     // Moves the image into the snapshot folder, asking before it replaces a snapshot.
     bool MoveToSnapshotFolder(const QString& image, const QString& target);
     void RenameRemainingImages();
+    QStringList ListedImages() const;
 
     AppState& m_state;
     Prompts& m_prompts;
     QString m_romFilename;
     QString m_filePath;
+    std::function<bool(const QString&)> m_imageFilter;
     QStringList m_before;
     QStringList m_newImages;
     bool m_autoUseFirst = false;

@@ -10,12 +10,14 @@ public:
 
     // The group that the selector shows.
     virtual QString ShownGroup() const = 0;
-    // The selected line shows the new caption and stays selected.
+    // The selected game shows its new caption, in its place in the sorted list, and
+    // stays selected.
     virtual void ReplaceGameLine(const QString& caption) = 0;
     // Lists the shown group again and selects the line at the old position, or the last.
     virtual void RefillGameList() = 0;
-    // Takes the selected line out and selects the line now at its position, or the
-    // last; an emptied list shows the no-snapshot picture.
+    // The selected game has left the shown group: its line goes (in "All Games" it
+    // stays), and the line now at its position, or the last, is selected; an emptied
+    // list shows the no-snapshot picture.
     virtual void RemoveGameLine() = 0;
     // Fills the selector again, still showing its group.
     virtual void RefillGroupList() = 0;

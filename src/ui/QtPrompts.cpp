@@ -3,7 +3,9 @@
 #include "ui/BusyPointer.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QRegularExpression>
@@ -76,6 +78,16 @@ QString ConvertFileFilter(const QString& filter) {
     return converted.join(QStringLiteral(";;"));
 }
 
+QString StartFolder(const QString& path) {
+    if (path.isEmpty())
+        return QString();
+    const QFileInfo info(path);
+    if (info.isDir())
+        return QDir::cleanPath(info.absoluteFilePath());
+    return info.absoluteDir().exists() && path.contains(QLatin1Char('/')) ? info.absolutePath()
+                                                                          : QString();
+}
+
 QString DefaultSuffix(const QString& qtFilter) {
     static const QRegularExpression firstPattern(QStringLiteral(R"(\(\*\.(\w+)[ )])"));
     return firstPattern.match(qtFilter).captured(1);
@@ -132,8 +144,8 @@ std::optional<QString> QtPrompts::Input(const QString& prompt, const QString& ti
 std::optional<QString> QtPrompts::OpenFile(const QString& title, const QString& filter,
                                            const QString& folder) {
     const NormalPointer pointer;
-    return Chosen(
-        QFileDialog::getOpenFileName(m_parent, TitleOr(title), folder, ConvertFileFilter(filter)));
+    return Chosen(QFileDialog::getOpenFileName(m_parent, TitleOr(title), StartFolder(folder),
+                                               ConvertFileFilter(filter)));
 }
 
 std::optional<QString> QtPrompts::SaveFile(const QString& title, const QString& filter,
@@ -152,7 +164,8 @@ std::optional<QString> QtPrompts::SaveFile(const QString& title, const QString& 
     return Chosen(dialog.selectedFiles().value(0));
 }
 
-std::optional<QString> QtPrompts::BrowseForFolder(const QString& prompt) {
+std::optional<QString> QtPrompts::BrowseForFolder(const QString& prompt, const QString& folder) {
     const NormalPointer pointer;
-    return Chosen(QFileDialog::getExistingDirectory(m_parent, TitleOr(prompt)));
+    return Chosen(
+        QFileDialog::getExistingDirectory(m_parent, TitleOr(prompt), StartFolder(folder)));
 }

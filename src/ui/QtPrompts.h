@@ -22,7 +22,8 @@ public:
                                     const QString& folder = QString()) override;
     std::optional<QString> SaveFile(const QString& title, const QString& filter,
                                     const QString& proposed = QString()) override;
-    std::optional<QString> BrowseForFolder(const QString& prompt) override;
+    std::optional<QString> BrowseForFolder(const QString& prompt,
+                                           const QString& folder = QString()) override;
 
 private:
     QPointer<QWidget> m_parent;
@@ -33,3 +34,6 @@ QString ConvertFileFilter(const QString& filter);
 // The extension that a name typed without one gets under a Qt filter: that of its
 // first pattern ("txt" for "Plain Text (*.txt)"); empty for "All Files (*.*)".
 QString DefaultSuffix(const QString& qtFilter);
+// Where a file dialog or the folder browser opens: the given folder, or a file's
+// folder, when it exists; otherwise empty, the dialog's own choice.
+QString StartFolder(const QString& path);

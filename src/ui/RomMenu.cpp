@@ -2,6 +2,8 @@
 
 #include "catalogue/AppState.h"
 #include "catalogue/GameCommands.h"
+#include "catalogue/GroupViews.h"
+#include "emulators/FoundEmulators.h"
 #include "snapshots/SnapshotCommands.h"
 #include "ui/BusyPointer.h"
 #include "ui/GameListView.h"
@@ -76,17 +78,30 @@ void RomMenu::CreateGameEntries() {
     AddEntry(snapshot, QStringLiteral("Remo&ve"), QStringLiteral("mnuSnapshot_Remove"),
              &RomMenu::mnuSnapshot_Remove_Click);
     m_mnuRomMenu->addSeparator();
-    m_gameEntries << snapshot->menuAction()
-                  << AddEntry(m_mnuRomMenu, QStringLiteral("Remo&ve"),
-                              QStringLiteral("mnuRomMenu_Remove"),
-                              &RomMenu::mnuRomMenu_Remove_Click)
-                  << AddEntry(m_mnuRomMenu, QStringLiteral("Re&name"),
-                              QStringLiteral("mnuRomMenu_Rename"),
-                              &RomMenu::mnuRomMenu_Rename_Click);
+    m_mnuRomMenuRemove =
+        AddEntry(m_mnuRomMenu, QStringLiteral("Remo&ve"), QStringLiteral("mnuRomMenu_Remove"),
+                 &RomMenu::mnuRomMenu_Remove_Click);
+    m_mnuRomMenuRename =
+        AddEntry(m_mnuRomMenu, QStringLiteral("Re&name"), QStringLiteral("mnuRomMenu_Rename"),
+                 &RomMenu::mnuRomMenu_Rename_Click);
     m_mnuRomMenu->addSeparator();
-    m_gameEntries << AddEntry(m_mnuRomMenu, QStringLiteral("Game &Info..."),
-                              QStringLiteral("mnuRomMenu_GameInfo"),
-                              &RomMenu::mnuRomMenu_GameInfo_Click);
+    m_mnuRomMenuGameInfo =
+        AddEntry(m_mnuRomMenu, QStringLiteral("Game &Info..."),
+                 QStringLiteral("mnuRomMenu_GameInfo"), &RomMenu::mnuRomMenu_GameInfo_Click);
+    m_gameEntries << snapshot->menuAction() << m_mnuRomMenuRemove << m_mnuRomMenuRename
+                  << m_mnuRomMenuGameInfo;
+}
+
+void RomMenu::AddKeysTo(const QList<QWidget*>& widgets) {
+    m_mnuRomMenuRename->setShortcut(QKeySequence(Qt::Key_F2));
+    m_mnuRomMenuRemove->setShortcut(QKeySequence(Qt::Key_Delete));
+    m_mnuRomMenuGameInfo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
+    for (QAction* entry : {m_mnuRomMenuRename, m_mnuRomMenuRemove, m_mnuRomMenuGameInfo}) {
+        // Only where the focus is: Delete in another control must not remove a game.
+        entry->setShortcutContext(Qt::WidgetShortcut);
+        for (QWidget* widget : widgets)
+            widget->addAction(entry);
+    }
 }
 
 QAction* RomMenu::AddEntry(QMenu* menu, const QString& caption, const QString& name,
@@ -98,24 +113,38 @@ QAction* RomMenu::AddEntry(QMenu* menu, const QString& caption, const QString& n
 }
 
 void RomMenu::Prepare(int gameIndex) {
-    m_gameIndex = gameIndex;
-    m_saveStates->SetGame(gameIndex);
-    const bool hasGame = gameIndex >= 0;
-    for (QAction* entry : m_gameEntries)
-        entry->setEnabled(hasGame);
-    if (!hasGame)
+    SetGame(gameIndex);
+    if (gameIndex < 0)
         return;
     PrepareLaunchUsing();
     PrepareSendToGroup();
     PrepareProfiles();
 }
 
+void RomMenu::SetGame(int gameIndex) {
+    m_gameIndex = gameIndex;
+    m_saveStates->SetGame(gameIndex);
+    for (QAction* entry : m_gameEntries)
+        entry->setEnabled(gameIndex >= 0);
+}
+
 void RomMenu::PrepareLaunchUsing() {
     if (m_mnuLaunchUsing->actions().size() < EmulatorTable::Count) {
         for (const EmulatorRecord& emulator : m_state.Emulators.Records)
             m_mnuLaunchUsing->addAction(emulator.Name)->setCheckable(true);
-        m_mnuLaunchUsing->addSeparator();
+        m_mnuLaunchUsingBar = m_mnuLaunchUsing->addSeparator();
         m_mnuLaunchUsing->addAction(QStringLiteral("Default"))->setCheckable(true);
+    }
+    for (QAction* item : std::as_const(m_foundEmulatorItems)) {
+        m_mnuLaunchUsing->removeAction(item);
+        item->deleteLater();
+    }
+    m_foundEmulatorItems.clear();
+    for (const FoundEmulator& found : ReadFoundEmulators(m_state.Store)) {
+        auto* item = new QAction(found.Name, m_mnuLaunchUsing);
+        item->setCheckable(true);
+        m_mnuLaunchUsing->insertAction(m_mnuLaunchUsingBar, item);
+        m_foundEmulatorItems.append(item);
     }
     const QString& emulator = m_state.Games.Records[m_gameIndex].Emulator;
     for (QAction* item : m_mnuLaunchUsing->actions())
@@ -123,13 +152,13 @@ void RomMenu::PrepareLaunchUsing() {
                          item->text().compare(emulator, Qt::CaseInsensitive) == 0);
 }
 
-// One item per line of the group selector, the line "Ungrouped" hidden (the fixed
-// group has its own item); the selector's line is ticked.
+// One item per group line of the group selector, the line "Ungrouped" hidden (the
+// fixed group has its own item) and "All Games" never offered: it is no group. The
+// selector's line is ticked.
 void RomMenu::PrepareSendToGroup() {
-    QStringList lines{FixedGroup};
-    for (int i = 0; i < m_state.Groups.Count(); ++i)
-        lines.append(m_state.Groups.Entries[i]);
-    const qsizetype shown = lines.indexOf(m_view.ShownGroup());
+    QStringList lines = SelectorLines(m_state.Groups);
+    lines.removeFirst(); // "All Games"
+    const qsizetype shown = lines.indexOf(TickedGroup());
     while (m_groupItems.size() < lines.size()) {
         auto* item = new QAction(m_mnuSendToGroup);
         item->setObjectName(QStringLiteral("mnuSendToGroup_Group"));
@@ -209,8 +238,17 @@ void RomMenu::mnuSendToGroup_FixedGroup_Click() {
     SendTo(FixedGroup);
 }
 
+QString RomMenu::TickedGroup() const {
+    const QString shown = m_view.ShownGroup();
+    if (!IsAllGamesView(shown))
+        return shown;
+    const QString& own = m_state.Games.Records[m_gameIndex].Group;
+    const int entry = m_state.Groups.FindGroup(own);
+    return entry >= 0 ? m_state.Groups.Entries[entry] : FixedGroup;
+}
+
 void RomMenu::SendTo(const QString& group) {
-    if (m_gameIndex < 0 || m_view.ShownGroup() == group)
+    if (m_gameIndex < 0 || TickedGroup() == group)
         return;
     SendToGroup(m_state, m_gameIndex, group);
     const GameRecord& game = m_state.Games.Records[m_gameIndex];

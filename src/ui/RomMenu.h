@@ -28,6 +28,12 @@ public:
     // Builds the submenus for the game; -1 means no game is selected and disables
     // every entry.
     void Prepare(int gameIndex);
+    // Follows the selected game without building the submenus, so that the keys of
+    // Rename, Remove and Game Info act on it while the menu is closed.
+    void SetGame(int gameIndex);
+    // F2, Delete and Ctrl+I run Rename, Remove and Game Info while one of the
+    // widgets has the keyboard focus; the menu shows the keys.
+    void AddKeysTo(const QList<QWidget*>& widgets);
 
 private:
     void CreateLaunchAndProfileEntries();
@@ -45,6 +51,8 @@ private:
     void mnuSendToGroup_FixedGroup_Click();
     void mnuSendToGroup_NewGroup_Click();
     void SendTo(const QString& group);
+    // The group whose item is ticked: the one shown, or in "All Games" the game's own.
+    QString TickedGroup() const;
     void mnuSnapshot_Change_Click();
     void mnuSnapshot_Open_Click();
     void mnuSnapshot_Remove_Click();
@@ -60,6 +68,8 @@ private:
     int m_gameIndex = -1;
     QMenu* m_mnuRomMenu = nullptr;
     QMenu* m_mnuLaunchUsing = nullptr;
+    QAction* m_mnuLaunchUsingBar = nullptr;
+    QList<QAction*> m_foundEmulatorItems; // after the three, as found when the menu opened
     QMenu* m_mnuProfile = nullptr;
     QAction* m_mnuProfileBar = nullptr;
     QList<QAction*> m_profileItems;
@@ -70,4 +80,7 @@ private:
     QAction* m_mnuSendToGroupFixed = nullptr;
     QList<QAction*> m_groupItems;  // one per line of the group selector
     QList<QAction*> m_gameEntries; // enabled only while a game is selected
+    QAction* m_mnuRomMenuRemove = nullptr;
+    QAction* m_mnuRomMenuRename = nullptr;
+    QAction* m_mnuRomMenuGameInfo = nullptr;
 };

@@ -12,7 +12,8 @@ class SystemShell;
 struct AppState;
 
 // The "Sa&ve States" submenu of the game menu: one submenu per emulator with its
-// save-state slots and SRAM file, rebuilt for the game each time it opens.
+// save-state slots and SRAM file, rebuilt for the game each time it opens; after the
+// three, one submenu per emulator Lumbra found, with the files it writes for the game.
 class SaveStatesMenu final : public QObject {
     Q_OBJECT
 public:
@@ -26,6 +27,7 @@ private:
     void mnuSaveStates_Click();
     void ShowItems(SaveStateMenu items);
     void Item_Click(int emulator, int slot); // slot -1 is the SRAM item
+    void ShowFoundEmulators();
 
     AppState& m_state;
     SystemShell& m_shell;
@@ -34,4 +36,5 @@ private:
     std::array<QAction*, EmulatorTable::Count> m_sramItems{};
     std::array<QList<QAction*>, EmulatorTable::Count> m_stateItems;
     SaveStateMenu m_items;
+    QList<QMenu*> m_foundMenus;
 };

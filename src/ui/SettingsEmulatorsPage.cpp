@@ -1,12 +1,19 @@
 #include "ui/SettingsEmulatorsPage.h"
 
+#include "base/Prompts.h"
 #include "catalogue/AppState.h"
+#include "emulators/EmulatorCatalogue.h"
+#include "emulators/EmulatorCommand.h"
+#include "emulators/EmulatorDetection.h"
+#include "emulators/EmulatorEnvironment.h"
+#include "emulators/FoundEmulators.h"
 #include "ui/frmProfileEditor.h"
 
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <algorithm>
@@ -49,7 +56,25 @@ SettingsEmulatorsPage::SettingsEmulatorsPage(SettingsContext& context)
                                         "its default"));
     connect(settings, &QPushButton::clicked, this, &SettingsEmulatorsPage::cmdEmuSettings_Click);
     grid->addWidget(settings, 6, 2);
-    grid->setRowStretch(7, 1);
+
+    m_lstFoundEmulators = new QListWidget(this);
+    m_lstFoundEmulators->setObjectName(QStringLiteral("lstFoundEmulators"));
+    m_lstFoundEmulators->setToolTip(
+        QStringLiteral("The emulators found on this system, each with the command that starts it"));
+    grid->addWidget(m_lstFoundEmulators, 7, 0, 2, 2);
+    QPushButton* find =
+        AddButton(QStringLiteral("cmdFindEmulators"), QStringLiteral("Find Emulators"));
+    find->setToolTip(QStringLiteral("Look for RetroArch, Mednafen, snes9x-gtk, bsnes, ares and "
+                                    "Mesen on this system"));
+    connect(find, &QPushButton::clicked, this, &SettingsEmulatorsPage::cmdFindEmulators_Click);
+    grid->addWidget(find, 7, 2);
+    QPushButton* remove =
+        AddButton(QStringLiteral("cmdRemoveFoundEmulator"), QStringLiteral("Remove"));
+    remove->setToolTip(QStringLiteral("Forget the selected found emulator"));
+    connect(remove, &QPushButton::clicked, this,
+            &SettingsEmulatorsPage::cmdRemoveFoundEmulator_Click);
+    grid->addWidget(remove, 8, 2, Qt::AlignTop);
+    grid->setRowStretch(8, 1);
 }
 
 void SettingsEmulatorsPage::Fill() {
@@ -60,9 +85,8 @@ void SettingsEmulatorsPage::Fill() {
         for (const EmulatorRecord& emulator : emulators.Records)
             selector->addItem(emulator.Name);
     }
+    ShowFoundEmulators();
     const QString& defaultEmulator = m_context.State.Options.DefaultEmulator;
-    m_cboDefaultEmulator->setCurrentIndex(
-        m_cboDefaultEmulator->findText(defaultEmulator, Qt::MatchFixedString));
     // The page opens on the default emulator, or the first when that is unknown.
     m_cboEmulator->setCurrentIndex(
         std::max(0, m_cboEmulator->findText(defaultEmulator, Qt::MatchFixedString)));
@@ -91,4 +115,35 @@ void SettingsEmulatorsPage::cmdEmuSettings_Click() {
         return;
     SelectedRecord().DefaultProfile = *profile;
     m_txtDefaultProfile->setText(*profile);
+}
+
+void SettingsEmulatorsPage::ShowFoundEmulators() {
+    const QList<FoundEmulator> found = ReadFoundEmulators(m_context.State.Store);
+    m_lstFoundEmulators->clear();
+    while (m_cboDefaultEmulator->count() > EmulatorTable::Count)
+        m_cboDefaultEmulator->removeItem(EmulatorTable::Count);
+    for (const FoundEmulator& emulator : found) {
+        auto* item = new QListWidgetItem(emulator.Name, m_lstFoundEmulators);
+        item->setToolTip(CommandPreview(emulator));
+        m_cboDefaultEmulator->addItem(emulator.Name);
+    }
+    m_cboDefaultEmulator->setCurrentIndex(m_cboDefaultEmulator->findText(
+        m_context.State.Options.DefaultEmulator, Qt::MatchFixedString));
+}
+
+void SettingsEmulatorsPage::cmdFindEmulators_Click() {
+    const StoredDetection stored = StoreDetectedEmulators(
+        m_context.State.Store, DetectEmulators(LoadEmulatorCatalogue(), EmulatorEnvironment()));
+    ShowFoundEmulators();
+    if (stored.Found.isEmpty())
+        m_context.UserPrompts.Message(QStringLiteral("No emulator was found on this system."),
+                                      PromptButtons::Ok, PromptIcon::Information);
+}
+
+void SettingsEmulatorsPage::cmdRemoveFoundEmulator_Click() {
+    const QListWidgetItem* item = m_lstFoundEmulators->currentItem();
+    if (!item)
+        return;
+    RemoveFoundEmulator(m_context.State.Store, item->text());
+    ShowFoundEmulators();
 }

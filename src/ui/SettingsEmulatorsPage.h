@@ -5,9 +5,12 @@
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QListWidget;
 struct EmulatorRecord;
 
-// "Emulators": each emulator's folders and default profile, and the default emulator.
+// "Emulators": each emulator's folders and default profile, and the default emulator;
+// below, the emulators Lumbra finds on the system ("Find Emulators"), which can be
+// removed, and which the "Default:" selector offers after the three.
 class SettingsEmulatorsPage final : public SettingsPage {
     Q_OBJECT
 public:
@@ -20,9 +23,14 @@ private:
     EmulatorRecord& SelectedRecord();
     void cboEmulator_Click();
     void cmdEmuSettings_Click();
+    void cmdFindEmulators_Click();
+    void cmdRemoveFoundEmulator_Click();
+    // The found emulators in the list and in the "Default:" selector.
+    void ShowFoundEmulators();
 
     QComboBox* m_cboEmulator = nullptr;
     QComboBox* m_cboDefaultEmulator = nullptr;
     QLineEdit* m_txtDefaultProfile = nullptr;
     QLabel* m_lblLaunchFiles = nullptr;
+    QListWidget* m_lstFoundEmulators = nullptr;
 };

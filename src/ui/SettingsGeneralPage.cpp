@@ -2,6 +2,7 @@
 
 #include "base/EventLog.h"
 #include "catalogue/AppState.h"
+#include "catalogue/GroupViews.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -41,7 +42,13 @@ SettingsGeneralPage::SettingsGeneralPage(SettingsContext& context)
                 QStringLiteral("Enable ROM Shortcut/Batch File Support"),
                 options.RomBatchFileSupport,
                 QStringLiteral("If checked, Shortcut/Batch files named after the ROM you are "
-                               "launching will be launched instead (If possible)"))};
+                               "launching will be launched instead (If possible)")),
+        AddFlag(QStringLiteral("chkShowCommandLine"),
+                QStringLiteral("Show the command line before starting a game"),
+                options.ShowCommandLine,
+                QStringLiteral("If checked, the emulator's command line is shown, to be "
+                               "confirmed, before a game starts while Lumbra waits for the "
+                               "emulator (\"Enable Snapshot Wizard\")."))};
     for (int i = 0; i < boxes.size(); ++i)
         grid->addWidget(boxes[i], 3 + i, 0, 1, 3);
     grid->setRowStretch(3 + boxes.size(), 1);
@@ -52,18 +59,16 @@ void SettingsGeneralPage::Fill() {
     cboDefaultGroup_AddGroupList();
     const int index =
         m_cboDefaultGroup->findText(m_context.State.Options.DefaultGroup, Qt::MatchFixedString);
-    m_cboDefaultGroup->setCurrentIndex(std::max(0, index)); // a group that is gone: "Ungrouped"
+    // A group that is gone: "Ungrouped".
+    m_cboDefaultGroup->setCurrentIndex(index >= 0 ? index
+                                                  : m_cboDefaultGroup->findText(FixedGroup));
 }
 
 void SettingsGeneralPage::cboDefaultGroup_AddGroupList() {
     LogEvent(QStringLiteral("Adding groups to ") + m_cboDefaultGroup->objectName() +
              QStringLiteral("..."));
     m_cboDefaultGroup->clear();
-    m_cboDefaultGroup->addItem(FixedGroup);
-    for (const QString& group : m_context.State.Groups.Entries) {
-        if (group.isEmpty())
-            break;
-        m_cboDefaultGroup->addItem(group);
-    }
+    // Lumbra may also start with every game shown.
+    m_cboDefaultGroup->addItems(SelectorLines(m_context.State.Groups));
     LogEvent(QStringLiteral("Done."), true);
 }

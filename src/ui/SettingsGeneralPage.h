@@ -4,7 +4,8 @@
 
 class QComboBox;
 
-// "General Options": the export and unzip folders, the default group and four switches.
+// "General Options": the export and unzip folders, the default group (or "All Games") and five
+// switches.
 class SettingsGeneralPage final : public SettingsPage {
     Q_OBJECT
 public:

@@ -92,9 +92,10 @@ QToolButton* SettingsPage::AddPickButton(const QString& name, const QString& too
 // Every folder browser names the emulator chosen on the "Emulators" page, whichever
 // folder it is for.
 void SettingsPage::BrowseFolder(QLineEdit* text, const TextSetting& setting) {
-    const std::optional<QString> chosen =
-        m_context.Shell.BrowseForFolder(QStringLiteral("Please choose the folder where ") +
-                                        m_context.SelectedEmulator() + QStringLiteral(" resides:"));
+    const std::optional<QString> chosen = m_context.Shell.BrowseForFolder(
+        QStringLiteral("Please choose the folder where ") + m_context.SelectedEmulator() +
+            QStringLiteral(" resides:"),
+        text->text());
     if (!chosen)
         return;
     QString folder = QDir::toNativeSeparators(*chosen).toLower();

@@ -60,8 +60,13 @@ void SettingsRomFoldersPage::lstRomFolders_Click() {
 }
 
 void SettingsRomFoldersPage::cmdRomFolders_Add_Click() {
+    // The browser opens at the selected game folder, else the last one.
+    const QListWidgetItem* near = m_lstRomFolders->currentItem();
+    if (!near && m_lstRomFolders->count() > 0)
+        near = m_lstRomFolders->item(m_lstRomFolders->count() - 1);
     const std::optional<QString> chosen = m_context.Shell.BrowseForFolder(
-        QStringLiteral("Please choose a folder containing SNES games:"));
+        QStringLiteral("Please choose a folder containing SNES games:"),
+        near ? near->text() : QString());
     if (!chosen)
         return;
     const QString folder = AddBackslash(QDir::toNativeSeparators(*chosen));

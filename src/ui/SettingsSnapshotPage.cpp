@@ -56,7 +56,7 @@ SettingsSnapshotPage::SettingsSnapshotPage(SettingsContext& context)
 void SettingsSnapshotPage::cmdNoSnapPic_Pick_Click() {
     const std::optional<QString> picture = m_context.UserPrompts.OpenFile(
         QStringLiteral("Pick ") + QStringLiteral("No Snapshot") + QStringLiteral(" Image"),
-        QStringLiteral("Supported Image Types|*.bmp;*.jpg;*.png;*.gif"));
+        QStringLiteral("Supported Image Types|*.bmp;*.jpg;*.png;*.gif"), m_txtNoSnapPic->text());
     if (!picture)
         return;
     m_txtNoSnapPic->setText(*picture);

@@ -104,7 +104,7 @@ void SettingsSpcPage::StoreProgram() {
 
 void SettingsSpcPage::cmdSPCProgram_Browse_Click() {
     const std::optional<QString> program = m_context.UserPrompts.OpenFile(
-        QStringLiteral("Pick SPC Program"), QStringLiteral("All Files|*"));
+        QStringLiteral("Pick SPC Program"), QStringLiteral("All Files|*"), m_txtSPCProgram->text());
     if (!program || program->contains(Delimiter))
         return;
     m_txtSPCProgram->setText(*program);

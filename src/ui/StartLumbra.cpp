@@ -1,5 +1,6 @@
 #include "ui/StartLumbra.h"
 
+#include "app/FoundDefaultOffer.h"
 #include "app/Startup.h"
 #include "base/EventLog.h"
 #include "catalogue/AppState.h"
@@ -15,6 +16,7 @@ std::unique_ptr<frmMain> StartLumbra(AppState& state, Prompts& prompts, SystemSh
         EventLog::OpenView();
     }
     LoadConfiguration(state);
+    OfferFoundDefaultEmulator(state, prompts);
     auto window = std::make_unique<frmMain>(state, prompts, shell, launcher);
     window->Form_Load();
     return window;

@@ -9,12 +9,15 @@
 #include "export/ExportPrefs.h"
 #include "export/ExportWriter.h"
 #include "platform/OsHelpers.h"
+#include "platform/SystemShell.h"
 #include "ui/BusyPointer.h"
 #include "ui/ExportWriteOrderBox.h"
 #include "ui/MakeButton.h"
+#include "ui/ScreenFit.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -22,6 +25,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -102,14 +106,16 @@ private:
 
 } // namespace
 
-frmExportGameList::frmExportGameList(AppState& state, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), m_state(state), m_prompts(prompts) {
+frmExportGameList::frmExportGameList(AppState& state, Prompts& prompts, SystemShell& shell,
+                                     QWidget* parent)
+    : QDialog(parent), m_state(state), m_prompts(prompts), m_shell(shell) {
     setObjectName(WindowName);
     setWindowTitle(DialogTitle);
     setModal(true);
     CreateControls();
     LogWindowLoaded(WindowName);
     Form_Load();
+    ResizeToFit(this);
 }
 
 frmExportGameList::~frmExportGameList() {
@@ -174,9 +180,13 @@ void frmExportGameList::CreateControls() {
     buttons->addWidget(m_cmdExport);
     buttons->addWidget(m_cmdClose);
 
+    // The choices scroll on a small screen; the progress and the buttons stay in view.
+    auto* choices = new QVBoxLayout;
+    choices->addWidget(method);
+    choices->addLayout(middle);
+    choices->addStretch();
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(method);
-    layout->addLayout(middle);
+    layout->addWidget(ScrollingPage(choices, this), 1);
     layout->addWidget(m_lblProgress);
     layout->addWidget(m_prgProgress);
     layout->addLayout(buttons);
@@ -281,9 +291,23 @@ void frmExportGameList::cmdExport_Click() {
         m_prgProgress->setValue(0);
         written = WriteGameListExport(m_state.Games, choices, *path, progress);
     }
-    m_prompts.Message(written ? QStringLiteral("Game List Exported!")
-                              : QStringLiteral("Unknown Error, Export Failed!"),
-                      PromptButtons::Ok, written ? PromptIcon::Information : PromptIcon::Critical);
+    if (written)
+        OfferToOpen(*path);
+    else
+        m_prompts.Message(QStringLiteral("Unknown Error, Export Failed!"), PromptButtons::Ok,
+                          PromptIcon::Critical);
+}
+
+void frmExportGameList::OfferToOpen(const QString& path) {
+    const PromptAnswer answer =
+        m_prompts.Message(QStringLiteral("Game List Exported!\r\n\r\n") +
+                              QStringLiteral("Do you want to open it now? ") +
+                              QStringLiteral("No opens the folder that holds it."),
+                          PromptButtons::YesNoCancel, PromptIcon::Information);
+    if (answer == PromptAnswer::Yes)
+        m_shell.ShellExecute(path, QString(), QString());
+    else if (answer == PromptAnswer::No)
+        m_shell.ShellExecute(QFileInfo(path).absolutePath(), QString(), QString());
 }
 
 void frmExportGameList::cmdClose_Click() {

@@ -10,6 +10,7 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 class QRadioButton;
+class SystemShell;
 struct AppState;
 struct ExportChoices;
 struct ExportPrefs;
@@ -21,7 +22,8 @@ class frmExportGameList final : public QDialog {
     Q_OBJECT
 
 public:
-    frmExportGameList(AppState& state, Prompts& prompts, QWidget* parent = nullptr);
+    frmExportGameList(AppState& state, Prompts& prompts, SystemShell& shell,
+                      QWidget* parent = nullptr);
     ~frmExportGameList() override;
 
 public slots:
@@ -37,10 +39,13 @@ private:
     void SavePrefs();
     void optExportMethod_Click();
     void cmdExport_Click();
+    // After an export: the player may open the file, or the folder that holds it.
+    void OfferToOpen(const QString& path);
     void cmdClose_Click();
 
     AppState& m_state;
     Prompts& m_prompts;
+    SystemShell& m_shell;
     std::array<QRadioButton*, 4> m_optExportMethod{};
     QComboBox* m_cboGameFolders = nullptr;
     QComboBox* m_cboGroups = nullptr;

@@ -3,6 +3,7 @@
 #include "base/EventLog.h"
 #include "base/Prompts.h"
 #include "catalogue/AppState.h"
+#include "catalogue/GroupViews.h"
 #include "ui/MakeButton.h"
 
 #include <QHBoxLayout>
@@ -63,7 +64,7 @@ void frmGroupManager::cmdAdd_Click() {
         m_prompts
             .Input(QStringLiteral("Enter the new group's caption:"), QStringLiteral("Create Group"))
             .value_or(QString());
-    if (m_state.Groups.AddGroup(name))
+    if (AddPlayerGroup(m_state.Groups, m_prompts, name))
         FillGroupList();
 }
 

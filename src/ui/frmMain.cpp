@@ -5,14 +5,20 @@
 #include "base/EventLog.h"
 #include "base/Prompts.h"
 #include "catalogue/AppState.h"
-#include "catalogue/GroupFilter.h"
+#include "catalogue/GameFilter.h"
+#include "catalogue/GroupViews.h"
+#include "catalogue/PlayStatistics.h"
 #include "catalogue/ScanReport.h"
 #include "launch/Launcher.h"
 #include "platform/OsHelpers.h"
 #include "snapshots/Snapshot.h"
 #include "ui/BusyPointer.h"
+#include "ui/FindGameField.h"
 #include "ui/FirstRunHint.h"
+#include "ui/MainWindowLayout.h"
 #include "ui/RomMenu.h"
+#include "ui/ScreenFit.h"
+#include "ui/SnapshotPane.h"
 #include "ui/frmAbout.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmExportGameList.h"
@@ -23,11 +29,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPixmap>
+#include <QScreen>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <algorithm>
@@ -36,23 +44,15 @@ namespace {
 
 const QString Store = QStringLiteral("reg");
 const QString RomFoldersPage = QStringLiteral("ROM Folders");
-constexpr int SnapshotWidth = 256; // one SNES screen
-constexpr int SnapshotHeight = 224;
 // Longer captions (a hand-edited store can hold any length) are cut for display;
-// the whole caption stays with the entry and maps it back to its game.
+// the line's whole caption stays in the shown lines.
 constexpr int ShownCaptionLength = 256;
-constexpr int CaptionRole = Qt::UserRole;
+using MainWindowLayout::FilterTop;
+using MainWindowLayout::ListTop;
 
-QListWidgetItem* GameItem(const QString& caption) {
-    auto* item = new QListWidgetItem(caption.size() > ShownCaptionLength
-                                         ? caption.left(ShownCaptionLength) + QChar(0x2026)
-                                         : caption);
-    item->setData(CaptionRole, caption);
-    return item;
-}
-
-QString CaptionOf(const QListWidgetItem* item) {
-    return item->data(CaptionRole).toString();
+QString ShownCaption(const QString& caption) {
+    return caption.size() > ShownCaptionLength ? caption.left(ShownCaptionLength) + QChar(0x2026)
+                                               : caption;
 }
 
 QAction* AddAction(QMenu* menu, const QString& caption, const QString& name) {
@@ -81,6 +81,12 @@ void frmMain::CreateControls() {
     m_cboGroupList->setObjectName(QStringLiteral("cboGroupList"));
     connect(m_cboGroupList, &QComboBox::activated, this, &frmMain::cboGroupList_Click);
 
+    m_txtFilter = new FindGameField(m_inner);
+    connect(m_txtFilter, &QLineEdit::textChanged, this, &frmMain::txtFilter_Change);
+    connect(m_txtFilter, &FindGameField::PlayFirst, this, &frmMain::txtFilter_PlayFirst);
+    connect(m_txtFilter, &FindGameField::ToList, this,
+            [this] { m_lstGameList->setFocus(Qt::TabFocusReason); });
+
     m_lstGameList = new QListWidget(m_inner);
     m_lstGameList->setObjectName(QStringLiteral("lstGameList"));
     m_lstGameList->setUniformItemSizes(true); // one line each: no text is measured per item
@@ -89,11 +95,8 @@ void frmMain::CreateControls() {
     connect(m_lstGameList, &QListWidget::currentRowChanged, this, &frmMain::lstGameList_Click);
     connect(m_lstGameList, &QListWidget::itemDoubleClicked, this, &frmMain::lstGameList_DblClick);
 
-    m_picSnapshot = new QLabel(m_inner);
+    m_picSnapshot = new SnapshotPane(m_inner);
     m_picSnapshot->setObjectName(QStringLiteral("picSnapshot"));
-    m_picSnapshot->setFixedSize(SnapshotWidth, SnapshotHeight);
-    m_picSnapshot->setAlignment(Qt::AlignCenter);
-    m_picSnapshot->setFrameShape(QFrame::StyledPanel);
 
     m_stbStatusBar = new QStatusBar(this);
     m_stbStatusBar->setObjectName(QStringLiteral("stbStatusBar"));
@@ -124,7 +127,7 @@ void frmMain::CreateMenus() {
     connect(AddAction(exportMenu, QStringLiteral("Game &List"),
                       QStringLiteral("mnuOptions_Export_GameList")),
             &QAction::triggered, this,
-            [this] { frmExportGameList(m_state, m_prompts, this).exec(); });
+            [this] { frmExportGameList(m_state, m_prompts, m_shell, this).exec(); });
     options->addSeparator();
     connect(
         AddAction(options, QStringLiteral("&About Lumbra..."), QStringLiteral("mnuOptions_About")),
@@ -135,6 +138,11 @@ void frmMain::CreateMenus() {
 
     m_romMenu = new RomMenu(m_state, m_prompts, m_shell, *this, this);
     menuBar()->addMenu(m_romMenu->Menu());
+    m_romMenu->AddKeysTo({m_lstGameList, m_txtFilter});
+    QAction* find = AddAction(options, QStringLiteral("F&ind a Game"), QStringLiteral("mnuFind"));
+    find->setShortcut(QKeySequence::Find);
+    options->insertAction(options->actions().constFirst(), find);
+    connect(find, &QAction::triggered, m_txtFilter, &FindGameField::Focus);
     connect(m_romMenu->Menu(), &QMenu::aboutToShow, this,
             [this] { m_romMenu->Prepare(CurrentGame()); });
 
@@ -179,12 +187,7 @@ void frmMain::cboGroupList_AddGroupList() {
     LogEvent(QStringLiteral("Adding groups to ") + objectName() +
              QStringLiteral(".cboGroupList..."));
     m_cboGroupList->clear();
-    m_cboGroupList->addItem(FixedGroup);
-    for (const QString& group : m_state.Groups.Entries) {
-        if (group.isEmpty())
-            break;
-        m_cboGroupList->addItem(group);
-    }
+    m_cboGroupList->addItems(SelectorLines(m_state.Groups));
     LogEvent(QStringLiteral("Done."), true);
 }
 
@@ -196,26 +199,57 @@ int frmMain::cboGroupList_SearchIndex(const QString& text) const {
     return -1;
 }
 
+int frmMain::cboGroupList_IndexOrUngrouped(const QString& group) const {
+    const int index = cboGroupList_SearchIndex(group);
+    return index >= 0 ? index : cboGroupList_SearchIndex(FixedGroup);
+}
+
 int frmMain::lstGameList_SearchIndex(const QString& caption) const {
-    for (int i = 0; i < m_lstGameList->count(); ++i) {
-        if (CaptionOf(m_lstGameList->item(i)).compare(caption, Qt::CaseInsensitive) == 0)
-            return i;
+    for (qsizetype row = 0; row < m_shownLines.size(); ++row) {
+        if (m_shownLines.at(row).Caption.compare(caption, Qt::CaseInsensitive) == 0)
+            return static_cast<int>(row);
     }
     return -1;
 }
 
 void frmMain::lstGameList_AddGameList(const QString& group) {
     LogEvent(QStringLiteral("Adding games to list for group: ") + group + QStringLiteral("..."));
-    m_lstGameList->clear();
-    for (const QString& caption : GroupCaptions(m_state.Games, group))
-        m_lstGameList->addItem(GameItem(caption));
+    m_listing.Fill(m_state.Games, group);
+    ShowListing();
     LogEvent(QStringLiteral("Done."), true);
+}
+
+// The list holds the shown captions only, added at once: a keystroke in the filter
+// may list a thousand lines again.
+void frmMain::ShowListing() {
+    m_shownLines = m_listing.Lines(GameFilter(m_txtFilter->text()));
+    QStringList captions;
+    captions.reserve(m_shownLines.size());
+    for (const GameLine& line : m_shownLines)
+        captions.append(ShownCaption(line.Caption));
+    m_lstGameList->clear();
+    m_lstGameList->addItems(captions);
+}
+
+void frmMain::txtFilter_Change() {
+    {
+        const QSignalBlocker quiet(m_lstGameList);
+        ShowListing();
+    }
+    SelectGameLine(0);
+}
+
+// Enter in the filter: the first game shown is played as a double click plays it.
+void frmMain::txtFilter_PlayFirst() {
+    if (m_lstGameList->count() == 0)
+        return;
+    SelectGameLine(0);
+    lstGameList_DblClick();
 }
 
 // Selects the group's line in the selector, or "Ungrouped" when it is gone, as a click would.
 void frmMain::SelectGroup(const QString& group) {
-    const int index = cboGroupList_SearchIndex(group);
-    m_cboGroupList->setCurrentIndex(index >= 0 ? index : 0);
+    m_cboGroupList->setCurrentIndex(cboGroupList_IndexOrUngrouped(group));
     cboGroupList_Click();
 }
 
@@ -232,10 +266,10 @@ void frmMain::cboGroupList_Click() {
 }
 
 void frmMain::lstGameList_Click() {
-    QListWidgetItem* item = m_lstGameList->currentItem();
-    if (!item)
+    const int row = m_lstGameList->currentRow();
+    if (row < 0)
         return;
-    m_selectedGame = m_state.Games.FindGame(QStringLiteral("title"), CaptionOf(item));
+    m_selectedGame = m_shownLines.at(row).Index;
     if (m_selectedGame >= 0 && m_state.Options.Snapshots_Show == 1)
         ShowSnapshot(m_state.Games.Records[m_selectedGame].Filename,
                      m_state.Options.SnapshotFolder);
@@ -278,20 +312,31 @@ void frmMain::SelectGameLine(int row) {
     lstGameList_Click();
 }
 
+int frmMain::GameRow(int gameIndex) const {
+    for (qsizetype row = 0; row < m_shownLines.size(); ++row) {
+        if (m_shownLines.at(row).Index == gameIndex)
+            return static_cast<int>(row);
+    }
+    return -1;
+}
+
 QString frmMain::ShownGroup() const {
     return m_cboGroupList->currentText();
 }
 
-void frmMain::ReplaceGameLine(const QString& caption) {
+// The new caption takes its place in the order; the game stays selected, unless the
+// filter no longer finds it.
+void frmMain::ReplaceGameLine(const QString& /*caption*/) {
     const int row = m_lstGameList->currentRow();
     if (row < 0)
         return;
     {
         const QSignalBlocker quiet(m_lstGameList);
-        delete m_lstGameList->takeItem(row);
-        m_lstGameList->insertItem(row, GameItem(caption));
+        m_listing.Fill(m_state.Games, m_currentGroup);
+        ShowListing();
     }
-    SelectGameLine(row);
+    const int moved = GameRow(m_selectedGame);
+    SelectGameLine(moved >= 0 ? moved : row);
 }
 
 void frmMain::RefillGameList() {
@@ -303,20 +348,22 @@ void frmMain::RefillGameList() {
     SelectGameLine(row);
 }
 
+// The game has left the shown group; "All Games" still lists it on its line.
 void frmMain::RemoveGameLine() {
     const int row = m_lstGameList->currentRow();
     if (row < 0)
         return;
     {
         const QSignalBlocker quiet(m_lstGameList);
-        delete m_lstGameList->takeItem(row);
+        m_listing.Fill(m_state.Games, m_currentGroup);
+        ShowListing();
     }
     SelectGameLine(row);
 }
 
 void frmMain::RefillGroupList() {
     cboGroupList_AddGroupList();
-    m_cboGroupList->setCurrentIndex(std::max(0, cboGroupList_SearchIndex(m_currentGroup)));
+    m_cboGroupList->setCurrentIndex(cboGroupList_IndexOrUngrouped(m_currentGroup));
 }
 
 void frmMain::SwitchToGroup(const QString& group, const QString& caption) {
@@ -340,20 +387,13 @@ void frmMain::ShowSnapshot(const QString& fileName, const QString& snapshotFolde
 
 void frmMain::ShowNoSnapshot() {
     const QString& noSnapPic = m_state.Options.Snapshots_NoSnapPic;
-    if (noSnapPic.isEmpty() || !ShowPicture(GetShortPath(noSnapPic))) {
-        m_picSnapshot->clear();
-        m_picSnapshot->setText(QStringLiteral("No snapshot"));
-    }
+    if (noSnapPic.isEmpty() || !ShowPicture(GetShortPath(noSnapPic)))
+        m_picSnapshot->ShowText(QStringLiteral("No snapshot"));
 }
 
-// Fits the picture file into the snapshot pane; false when it cannot be read.
+// The picture file goes into the snapshot pane; false when it cannot be read.
 bool frmMain::ShowPicture(const QString& path) {
-    const QPixmap picture(path);
-    if (picture.isNull())
-        return false;
-    m_picSnapshot->setPixmap(
-        picture.scaled(m_picSnapshot->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    return true;
+    return m_picSnapshot->ShowPicture(path);
 }
 
 void frmMain::OpenSettings(const QString& page) {
@@ -363,15 +403,20 @@ void frmMain::OpenSettings(const QString& page) {
 }
 
 void frmMain::UpdateStatusBar() {
+    m_romMenu->SetGame(CurrentGame());
     m_firstRunHint->SetShown(m_state.GameFolders.Count() == 0);
     if (m_firstRunHint->IsShown())
         return;
     const int listed = m_lstGameList->count();
     QString text =
         QStringLiteral("%1 game%2 in %3").arg(listed).arg(listed == 1 ? "" : "s", m_currentGroup);
+    if (const QString typed = m_txtFilter->text().simplified(); !typed.isEmpty())
+        text += QStringLiteral(" matching \"") + typed + QLatin1Char('"');
     if (m_selectedGame >= 0 && m_lstGameList->currentItem()) {
         const GameRecord& game = m_state.Games.Records[m_selectedGame];
         text += QStringLiteral("   |   ") + game.Folder + game.Filename;
+        text +=
+            QStringLiteral("   |   ") + PlayStatisticsText(ReadPlayStatistics(m_state.Store, game));
     }
     m_stbStatusBar->showMessage(text);
 }
@@ -398,17 +443,17 @@ void frmMain::Form_Resize() {
     const int height = m_inner->height();
     if (m_state.Options.Snapshots_Show == 0 || m_state.Options.Snapshots_Show == 1)
         m_layoutWithSnapshot = m_state.Options.Snapshots_Show == 1;
+    int listWidth = width - 10;
     if (!m_layoutWithSnapshot) {
         m_picSnapshot->hide();
-        m_cboGroupList->setGeometry(5, 5, width - 10, m_cboGroupList->sizeHint().height());
-        m_lstGameList->setGeometry(5, 33, width - 10, height - 38);
     } else {
         m_picSnapshot->show();
-        m_picSnapshot->move(width - m_picSnapshot->width() - 5, 5);
-        const int left = m_picSnapshot->x();
-        m_cboGroupList->setGeometry(5, 5, left - 10, m_cboGroupList->sizeHint().height());
-        m_lstGameList->setGeometry(5, 33, left - 10, height - 38);
+        m_picSnapshot->setGeometry(MainWindowLayout::SnapshotPaneGeometry({width, height}));
+        listWidth = m_picSnapshot->x() - 10;
     }
+    m_cboGroupList->setGeometry(5, 5, listWidth, m_cboGroupList->sizeHint().height());
+    m_txtFilter->setGeometry(5, FilterTop, listWidth, m_txtFilter->sizeHint().height());
+    m_lstGameList->setGeometry(5, ListTop, listWidth, height - ListTop - 5);
     if (m_loaded)
         StorePlacement();
 }
@@ -426,12 +471,29 @@ void frmMain::ApplyPlacement() {
     // A damaged placement must not leave the window too small to find.
     if (placement.Width <= 0 || placement.Height <= 0)
         placement = WindowPlacement();
+    if (placement == WindowPlacement()) {
+        PlaceFirstWindow();
+        return;
+    }
     setGeometry(TwipsToPixels(placement.Left), TwipsToPixels(placement.Top),
                 TwipsToPixels(placement.Width), TwipsToPixels(placement.Height));
     if (placement.State == 1)
         setWindowState(Qt::WindowMinimized);
     else if (placement.State == 2)
         setWindowState(Qt::WindowMaximized);
+}
+
+// No placement is stored yet: a window with room for a snapshot at 2x and 20 lines
+// of the list, as much of it as the screen holds, in the middle of the screen.
+void frmMain::PlaceFirstWindow() {
+    const int lineHeight = QFontMetrics(m_lstGameList->font()).height() + 2;
+    const QSize inner = MainWindowLayout::FirstInnerSize(lineHeight, m_picSnapshot->frameWidth());
+    const int chrome = menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    QRect placed(QPoint(),
+                 QSize(inner.width(), inner.height() + chrome).boundedTo(RoomOnScreen(this)));
+    if (const QScreen* shown = screen())
+        placed.moveCenter(shown->availableGeometry().center());
+    setGeometry(placed);
 }
 
 // The state always; the normal placement only while the window is neither
@@ -475,6 +537,8 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
                     m_lstGameList->visualItemRect(item).bottomLeft()));
             return true;
         }
+        if (m_txtFilter->TakeKeyFromList(key))
+            return true;
     } else if (watched == m_lstGameList->viewport() &&
                event->type() == QEvent::MouseButtonRelease) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
@@ -504,6 +568,22 @@ void frmMain::SaveEverythingBusy() {
     SaveEverything(m_state);
 }
 
+bool frmMain::SaveForClose() {
+    for (;;) {
+        SaveEverythingBusy();
+        const QString failure = m_state.Store.WriteError();
+        if (failure.isEmpty())
+            return true;
+        LogEvent(failure);
+        const PromptAnswer answer = m_prompts.Message(
+            failure + QStringLiteral("\r\n\r\nTry again? No quits without saving; Cancel keeps ") +
+                AppTitle + QStringLiteral(" open."),
+            PromptButtons::YesNoCancel, PromptIcon::Critical);
+        if (answer != PromptAnswer::Yes)
+            return answer == PromptAnswer::No;
+    }
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
     if (m_closed) {
         event->accept();
@@ -528,15 +608,20 @@ void frmMain::closeEvent(QCloseEvent* event) {
             show();
             return;
         }
-        SaveEverythingBusy();
+        if (!SaveForClose()) {
+            event->ignore();
+            show();
+            return;
+        }
         if (answer == PromptAnswer::Yes) {
             LogEvent(QStringLiteral("\r\nWaiting to End ") + AppTitle +
                      QStringLiteral(" (Unload Mode ") + QString::number(m_closeReason) +
                      QLatin1Char(')'));
             frmEventLog::ShowModal();
         }
-    } else {
-        SaveEverythingBusy();
+    } else if (!SaveForClose()) {
+        event->ignore();
+        return;
     }
     m_closed = true;
     event->accept();

@@ -1,15 +1,18 @@
 #pragma once
 
+#include "catalogue/GameListing.h"
 #include "ui/GameListView.h"
 
 #include <QMainWindow>
 #include <optional>
 
+class FindGameField;
 class FirstRunHint;
 class Launcher;
 class Prompts;
 class QComboBox;
 class QLabel;
+class SnapshotPane;
 class QListWidget;
 class QMenu;
 class QStatusBar;
@@ -69,21 +72,34 @@ private:
     void CreateMenus();
     void cboGroupList_AddGroupList();
     void lstGameList_AddGameList(const QString& group);
+    // Lists the lines of the listing that the typed words keep.
+    void ShowListing();
+    void txtFilter_Change();
+    void txtFilter_PlayFirst();
     void SelectGroup(const QString& group);
+    // The selector line of the group, or of "Ungrouped" when the group is gone.
+    int cboGroupList_IndexOrUngrouped(const QString& group) const;
     void cboGroupList_Click();
     void lstGameList_Click();
     void lstGameList_DblClick();
     // The selected game, or -1 while no line is selected.
     int CurrentGame() const;
     void SelectGameLine(int row);
+    // The row that lists the game, or -1.
+    int GameRow(int gameIndex) const;
     void PopupRomMenu(const QPoint& position);
     void ShowSnapshot(const QString& fileName, const QString& snapshotFolder);
     void ShowNoSnapshot();
     bool ShowPicture(const QString& path);
+    // The status bar and the game menu's keys follow the selected game.
     void UpdateStatusBar();
     void mnuOptions_GroupManager_Click();
     void SaveEverythingBusy();
+    // Saves for the close; when the store cannot be written, asks whether to try
+    // again, to quit without saving (true) or to keep the window open (false).
+    bool SaveForClose();
     void ApplyPlacement();
+    void PlaceFirstWindow();
     void StorePlacement();
     int TwipsToPixels(int twips) const;
     int PixelsToTwips(int pixels) const;
@@ -93,6 +109,10 @@ private:
     SystemShell& m_shell;
     Launcher& m_launcher;
     QString m_currentGroup;
+    // The current group's games, sorted, with the texts that the filter searches.
+    GameListing m_listing;
+    // The game behind each line of the list, row by row.
+    QList<GameLine> m_shownLines;
     int m_selectedGame = -1;
     CloseReason m_closeReason = FormControlMenu;
     bool m_loaded = false;
@@ -105,8 +125,9 @@ private:
 
     QWidget* m_inner = nullptr;
     QComboBox* m_cboGroupList = nullptr;
+    FindGameField* m_txtFilter = nullptr;
     QListWidget* m_lstGameList = nullptr;
-    QLabel* m_picSnapshot = nullptr;
+    SnapshotPane* m_picSnapshot = nullptr;
     QStatusBar* m_stbStatusBar = nullptr;
     QLabel* m_lblScanReport = nullptr;
     FirstRunHint* m_firstRunHint = nullptr;

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,6 +60,8 @@ void frmRomInfo::CreateControls() {
     m_lblFilename = Named(new QLabel(m_fraGeneral), "lblFilename");
     m_lblFolder = Named(new QLabel(m_fraGeneral), "lblFolder");
     m_lblGroup = Named(new QLabel(m_fraGeneral), "lblGroup");
+    m_lblPlayStatistics = Named(new QLabel(m_fraGeneral), "lblPlayStatistics");
+    m_lblPlayStatistics->setWordWrap(true);
     auto* lblCaption = new QLabel(QStringLiteral("&Caption:"), m_fraGeneral);
     m_txtCaption = Named(new QLineEdit(m_fraGeneral), "txtCaption");
     lblCaption->setBuddy(m_txtCaption);
@@ -72,9 +75,9 @@ void frmRomInfo::CreateControls() {
         Named(new QPushButton(QStringLiteral("Use &Internal Caption"), m_fraGeneral),
               "cmdInternalCaption");
     auto* panel = new QVBoxLayout(m_fraGeneral);
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{m_lblFilename, m_lblFolder, m_lblGroup, lblCaption,
-                                         m_txtCaption, m_cmdInternalCaption})
+    for (QWidget* control : std::initializer_list<QWidget*>{m_lblFilename, m_lblFolder, m_lblGroup,
+                                                            m_lblPlayStatistics, lblCaption,
+                                                            m_txtCaption, m_cmdInternalCaption})
         panel->addWidget(control);
 
     m_cmdOK = Named(new QPushButton(QStringLiteral("OK"), this), "cmdOK");
@@ -88,10 +91,8 @@ void frmRomInfo::CreateControls() {
 
 void frmRomInfo::Form_Load() {
     LogWindowLoaded(WindowName);
-    m_lblFilename->setText(QStringLiteral("Filename: ") + m_request.DisplayFilename);
-    m_lblFolder->setText(QStringLiteral("Folder: ") + m_request.DisplayPath);
-    m_lblFolder->setToolTip(m_request.DisplayPath);
     m_lblGroup->setText(QStringLiteral("Group: ") + m_request.RomGroup);
+    m_lblPlayStatistics->setText(m_request.PlayStatistics);
     m_txtCaption->setText(m_request.RomCaption);
     if (m_request.ExtractData) {
         LogEvent(QStringLiteral("Retrieving internal data..."));
@@ -109,6 +110,8 @@ void frmRomInfo::Form_Load() {
 void frmRomInfo::LayOut(bool withInformation) {
     const int margin = Twips(Margin);
     m_fraGeneral->setFixedWidth(Twips(PanelWidth));
+    ShowElided(m_lblFilename, QStringLiteral("Filename: "), m_request.DisplayFilename);
+    ShowElided(m_lblFolder, QStringLiteral("Folder: "), m_request.DisplayPath);
     const int panelHeight = m_fraGeneral->sizeHint().height();
     int panelLeft = Twips(PanelLeft);
     m_txtRomInfo->setGeometry(margin, margin, panelLeft - 2 * margin, panelHeight);
@@ -126,6 +129,17 @@ void frmRomInfo::LayOut(bool withInformation) {
                          button.height());
     const int width = withInformation ? panelRight + margin : Twips(NarrowWidth);
     setFixedSize(width, buttonTop + button.height() + margin);
+}
+
+// A long name loses its middle, so that its start and its extension stay in view;
+// the tooltip shows it whole.
+void frmRomInfo::ShowElided(QLabel* label, const QString& caption, const QString& name) {
+    const QMargins margins = m_fraGeneral->layout()->contentsMargins();
+    const int room = m_fraGeneral->contentsRect().width() - margins.left() - margins.right();
+    const QFontMetrics metrics(label->font());
+    label->setText(caption + metrics.elidedText(name, Qt::ElideMiddle,
+                                                room - metrics.horizontalAdvance(caption)));
+    label->setToolTip(name);
 }
 
 void frmRomInfo::cmdInternalCaption_Click() {

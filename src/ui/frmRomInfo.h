@@ -29,6 +29,7 @@ private:
     void CreateControls();
     void Form_Load();
     void LayOut(bool withInformation);
+    void ShowElided(QLabel* label, const QString& caption, const QString& name);
     void cmdInternalCaption_Click();
     void cmdOK_Click();
     int Twips(int twips) const;
@@ -44,6 +45,7 @@ private:
     QLabel* m_lblFilename = nullptr;
     QLabel* m_lblFolder = nullptr;
     QLabel* m_lblGroup = nullptr;
+    QLabel* m_lblPlayStatistics = nullptr;
     QLineEdit* m_txtCaption = nullptr;
     QPushButton* m_cmdInternalCaption = nullptr;
     QPushButton* m_cmdOK = nullptr;

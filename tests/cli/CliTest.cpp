@@ -1,9 +1,11 @@
+#include "cli/CliRun.h"
 #include "support/SnesImageBuilder.h"
 #include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"
 
 #include "config/StoreWriterLock.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,21 +16,9 @@
 
 namespace {
 
-struct CliResult {
-    int ExitCode = -1;
-    QString Out;
-    QString Err;
-};
-
 class CliTest : public LumbraTest {
 protected:
-    CliResult Run(const QStringList& arguments) {
-        QProcess process;
-        process.start(QStringLiteral(LUMBRA_CLI_PATH), arguments);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    CliResult Run(const QStringList& arguments) { return RunCli(arguments); }
 };
 
 TEST_F(CliTest, FoldersAndGroupsAreSetUpFromTheTerminal) {
@@ -93,7 +83,41 @@ TEST_F(CliTest, InfoPrintsTheHeaderAndGoesOnPastMissingFiles) {
     }
 }
 
+TEST_F(CliTest, InfoReadsTheGameInsideAZipAndLeavesTheUnzipFolderAlone) {
+    const QString unzip = MakeFolder("unzip");
+    ASSERT_EQ(Run({"config", "set", "Unzip Folder", unzip + '/'}).ExitCode, 0);
+    const QString playing = WriteFile("unzip/game.smc", "playing");
+    const QByteArray game = SnesImageBuilder().Title("ZIPPED GAME").CopierHeader().Build();
+    const QString zip =
+        MakeZip("Zipped.zip", {{"readme.txt", "r"}, {"docs/game.smc", game}, {"b.sfc", "x"}});
+    const CliResult result = Run({"info", "--json", zip});
+    EXPECT_EQ(result.ExitCode, 0) << result.Err.toStdString();
+    const QJsonObject header = QJsonDocument::fromJson(result.Out.toUtf8()).object();
+    EXPECT_EQ(header.keys().size(), 14);
+    EXPECT_EQ(header.value("file").toString(), zip);
+    EXPECT_EQ(header.value("game").toString(), "game.smc");
+    EXPECT_EQ(header.value("InternalTitle").toString(), "ZIPPED GAME");
+    EXPECT_EQ(header.value("BankSize").toString(), "LoROM (32kb banks)");
+    EXPECT_EQ(ReadFile(playing), "playing");
+    EXPECT_EQ(QDir(unzip).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList("game.smc"));
+
+    // An archive without a game says so; a name's control characters stay off the terminal.
+    const QString notes = MakeZip("notes.zip", {{"notes.txt", "x"}});
+    const QString hostile = MakeZip("hostile.zip", {{"evil\x1b[2J.smc", game}});
+    const CliResult mixed = Run({"info", notes, hostile});
+    EXPECT_EQ(mixed.ExitCode, 1);
+    EXPECT_EQ(mixed.Err, "lumbra-cli: " + notes + ": the archive holds no SNES game\n");
+    EXPECT_TRUE(mixed.Out.startsWith("File:       " + hostile +
+                                     "\nGame:       evil\uFFFD[2J.smc\nTitle:      ZIPPED GAME\n"))
+        << mixed.Out.toStdString();
+    EXPECT_FALSE(QString(mixed.Out + mixed.Err).contains(QChar(0x1b)));
+}
+
 TEST_F(CliTest, CommandsThatWriteWaitForTheWindowToCloseAndNothingIsLost) {
+    // No start-up question about the emulators this machine may have.
+    m_state.Store.Write("Settings", "FoundEmulatorOffered", "0");
+    m_state.Store.Sync();
     ASSERT_EQ(Run({"groups", "add", "Before"}).ExitCode, 0);
     QProcess window;
     window.start(QStringLiteral(LUMBRA_GUI_PATH), QStringList());
@@ -221,6 +245,51 @@ TEST_F(CliTest, ListBuildsTheCatalogueAsTheMainWindowDoes) {
     EXPECT_EQ(Run({"scan"}).ExitCode, 0);
     store.Sync();
     EXPECT_TRUE(store.Contains("Game List\\" + folder, "mario.smc"));
+}
+
+TEST_F(CliTest, ListFindsGamesAndListsAllGamesAsTheWindowDoes) {
+    for (const char* file : {"game10.smc", "game2.smc", "pokemon.sfc", "gone.smc"})
+        WriteFile(QStringLiteral("Games/") + QLatin1String(file), "x");
+    ASSERT_EQ(Run({"folders", "add", TempPath("Games")}).ExitCode, 0);
+    ASSERT_EQ(Run({"groups", "add", "RPG"}).ExitCode, 0);
+    const QString section = "Game List\\" + TempPath("games/").toLower();
+    m_state.Store.Write(section, "game10.smc", "Game 10;RPG;Default;Default");
+    m_state.Store.Write(section, "game2.smc", "game 2;Ungrouped;Default;Default");
+    m_state.Store.Write(section, "pokemon.sfc", "Pokémon Stadium;RPG;Default;Default");
+    m_state.Store.Write(section, "gone.smc", "/invisible;RPG;Default;Default");
+    m_state.Store.Sync();
+
+    EXPECT_EQ(Run({"list", "--group", "All Games"}).Out, "game 2\nGame 10\nPokémon Stadium\n");
+    EXPECT_EQ(Run({"list", "--group", "all games", "--filter", "POKEMON sta"}).Out,
+              "Pokémon Stadium\n");
+    EXPECT_EQ(Run({"list", "--filter", "sfc"}).Out, ""); // the default group: "Ungrouped"
+    EXPECT_EQ(Run({"list", "--filter", "GAME"}).Out, "game 2\n");
+    EXPECT_EQ(Run({"list", "--filter"}).ExitCode, 2);
+    const CliResult json = Run({"list", "--group", "All Games", "--filter", "10", "--json"});
+    const QStringList records = json.Out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ASSERT_EQ(records.size(), 1) << json.Out.toStdString();
+    EXPECT_EQ(QJsonDocument::fromJson(records.first().toUtf8()).object().value("Filename"),
+              "game10.smc");
+
+    // "All Games" is no group: it cannot be added, but Lumbra may start on it.
+    const CliResult refused = Run({"groups", "add", "ALL GAMES"});
+    EXPECT_EQ(refused.ExitCode, 1);
+    EXPECT_EQ(refused.Err, "lumbra-cli: \"All Games\" lists every game and cannot be a group; "
+                           "please choose another name.\n");
+    EXPECT_EQ(Run({"groups", "list"}).Out, "Ungrouped\nRPG\n");
+    ASSERT_EQ(Run({"config", "set", "DefaultGroup", "All Games"}).ExitCode, 0);
+    EXPECT_EQ(Run({"list"}).Out.count('\n'), 3);
+
+    // The games most recently, most often and longest played first.
+    const QString played = "Play Statistics\\" + TempPath("games/").toLower();
+    m_state.Store.Write(played, "pokemon.sfc", "2;2026-03-01T10:00:00Z;60");
+    m_state.Store.Write(played, "game10.smc", "7;2026-02-01T10:00:00Z;30");
+    m_state.Store.Sync();
+    EXPECT_EQ(Run({"list", "--sort", "last-played"}).Out, "Pokémon Stadium\nGame 10\ngame 2\n");
+    EXPECT_EQ(Run({"list", "--sort", "play-count"}).Out, "Game 10\nPokémon Stadium\ngame 2\n");
+    EXPECT_EQ(Run({"list", "--sort", "play-time", "--filter", "game"}).Out, "Game 10\ngame 2\n");
+    EXPECT_EQ(Run({"list", "--sort", "size"}).ExitCode, 2);
+    EXPECT_EQ(Run({"config", "get", "ShowCommandLine"}).Out, "1\n");
 }
 
 TEST_F(CliTest, ExportWritesTheChosenGamesAndNeverReplacesAFileUnasked) {

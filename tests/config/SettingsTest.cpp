@@ -15,7 +15,8 @@ TEST_F(LumbraTest, SettingsFirstRunAndBadNumbersGiveDefaults) {
     EXPECT_EQ(expected.SnapshotFolder,
               qEnvironmentVariable("XDG_DATA_HOME") + "/Lumbra/snapshots/");
     EXPECT_EQ(expected.ExportFolder, QDir::homePath() + '/');
-    EXPECT_EQ(expected.UnzipFolder, GetTempFolder().toLower());
+    // A private folder, its letter case kept: lower-cased it would name a twin.
+    EXPECT_EQ(expected.UnzipFolder, qEnvironmentVariable("XDG_CACHE_HOME") + "/Lumbra/unzip/");
     for (const EmulatorRecord& e : m_state.Emulators.Records)
         EXPECT_EQ(e.Folder + "|" + e.SaveFolder + "|" + e.DefaultProfile, "||"); // not set up
 
@@ -43,9 +44,9 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
 
     // Every field differs from its default; flags keep any integer as read.
     const WindowPlacement placement{-100, 200, 9000, 7000, 2};
-    m_state.Options = {"/snap;x/", "/spc/",  "/export/",   "/unzip/", "app", 2,        "open", 3,
-                       4,          "Snes9X", "RPG;x",      5,         6,     7,        8,      9,
-                       10,         11,       "nosnap.png", 12,        13,    placement};
+    m_state.Options = {"/snap;x/", "/spc/",  "/export/",   "/unzip/", "app", 2,  "open",   3,
+                       4,          "Snes9X", "RPG;x",      5,         6,     7,  8,        9,
+                       10,         11,       "nosnap.png", 12,        13,    14, placement};
     for (EmulatorRecord& e : m_state.Emulators.Records)
         std::tie(e.Folder, e.SaveFolder, e.DefaultProfile) =
             std::tuple("/emu/" + e.Name + "/", "/saves/" + e.Name + "/", "Fast " + e.Name);
@@ -63,6 +64,7 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
 
     ExportSettings(m_state.Store, m_state.Options, m_state.Emulators, "REG", QString());
     EXPECT_EQ(m_state.Store.Read("Folders", "Snes9X"), "/emu/Snes9X/;/saves/Snes9X/;Fast Snes9X");
+    EXPECT_EQ(m_state.Store.Read("Settings", "ShowCommandLine"), "14");
     ImportSettings(restored.Store, restored.Options, restored.Emulators, "Registry", QString());
     EXPECT_TRUE(restored.Options == m_state.Options);
     EXPECT_TRUE(restored.Emulators.Records == m_state.Emulators.Records);

@@ -1,13 +1,17 @@
 #include "app/Startup.h"
 #include "config/AbandonedLock.h"
+#include "config/SaveFileLeftovers.h"
 #include "config/StoreWriterLock.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLockFile>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -50,6 +54,57 @@ TEST_F(StoreLockTest, OnlyLocksThatNoLiveProcessHoldsAreRemoved) {
     ASSERT_TRUE(held.tryLock(0));
     RemoveAbandonedLock(lockPath);
     EXPECT_TRUE(QFile::exists(lockPath));
+}
+
+TEST_F(StoreLockTest, AWriteRemovesTheTemporaryCopiesThatKilledWritesLeftBehind) {
+    const QString path = m_state.Store.FilePath();
+    const QString folder = QFileInfo(path).absolutePath() + '/';
+    ASSERT_TRUE(QDir().mkpath(folder));
+    // Temporary copies named as the save file names them, left behind by kills.
+    QStringList leftovers;
+    for (int copy = 0; copy < 8; ++copy) {
+        QTemporaryFile file(path + ".XXXXXX");
+        file.setAutoRemove(false);
+        ASSERT_TRUE(file.open());
+        file.write("[Settings]\nDefaultGroup=Half");
+        leftovers << QFileInfo(file.fileName()).fileName();
+    }
+    // A person's copy, and names of another shape.
+    const QStringList others = {"Lumbra.conf.backup", "Lumbra.conf.AbC1eF", "Lumbra.conf.AbCdEfG",
+                                "Lumbra.conf.AbCdE",  "Lumbra.confXAbCdEf", "Other.conf.AbCdEf",
+                                "Lumbra.writer"};
+    for (const QString& name : others) {
+        QFile file(folder + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    const auto present = [&](const QStringList& names) {
+        QStringList found;
+        for (const QString& name : names) {
+            if (QFile::exists(folder + name))
+                found << name;
+        }
+        return found;
+    };
+
+    {
+        // While a live process writes the file, its copy may be one of them.
+        QLockFile writing(path + ".lock");
+        ASSERT_TRUE(writing.tryLock(0));
+        RemoveSaveFileLeftovers(path);
+        EXPECT_EQ(present(leftovers), leftovers);
+    }
+
+    m_state.Store.Write("Settings", "DefaultGroup", "Puzzle");
+    m_state.Store.Sync();
+    EXPECT_TRUE(ReadFile(path).contains("DefaultGroup=Puzzle"));
+    EXPECT_EQ(present(others), others);
+    // One name in 64 is lower case alone, like a word, and stays.
+    QStringList wordLike;
+    for (const QString& name : leftovers) {
+        if (name.right(6) == name.right(6).toLower())
+            wordLike << name;
+    }
+    EXPECT_EQ(present(leftovers), wordLike);
 }
 
 TEST_F(StoreLockTest, TheWindowWritesAloneAndSaysSoToASecondWindow) {

@@ -1,8 +1,10 @@
+#include "support/FileSizeLimit.h"
 #include "support/TestFixtures.h"
 
 #include "base/Progress.h"
 #include "export/ExportWriter.h"
 
+#include <QDir>
 #include <QFile>
 #include <libxml/HTMLparser.h>
 #include <libxml/xpath.h>
@@ -231,6 +233,18 @@ TEST_F(ExportWriterTest, AGameFileThatVanishedFailsTheExportAndLeavesTheTargetAl
     m_choices.Filter = "ACTION";
     EXPECT_TRUE(Export().startsWith("Caption"));
     EXPECT_TRUE(Export("no such folder/list.txt").startsWith("failed: "));
+}
+
+TEST_F(ExportWriterTest, AFullDiskLeavesTheOldFileWholeAndSaysWhy) {
+    const QString target = WriteFile("gamelist.txt", "the last export");
+    QString reason;
+    {
+        const FileSizeLimit fullDisk(8);
+        EXPECT_FALSE(WriteGameListExport(m_state.Games, m_choices, target, m_progress, &reason));
+    }
+    EXPECT_EQ(reason, "File too large");
+    EXPECT_EQ(ReadFile(target), "the last export");
+    EXPECT_EQ(QDir(TempPath()).entryList(QDir::Files), QStringList("gamelist.txt"));
 }
 
 TEST(FilePattern, MatchesWildcardsWithoutRegardToCase) {

@@ -24,7 +24,7 @@ for program in lumbra lumbra-cli; do
     [ -f "$prefix/bin/$program" ] && [ -x "$prefix/bin/$program" ] || fail "no program bin/$program"
 done
 for file in applications/$id.desktop metainfo/$id.metainfo.xml doc/lumbra/README.md \
-    icons/hicolor/scalable/apps/$id.svg; do
+    lumbra/emulators/emulators.json icons/hicolor/scalable/apps/$id.svg; do
     [ -s "$share/$file" ] || fail "no share/$file"
 done
 for size in 16 32 48 64 128 256; do

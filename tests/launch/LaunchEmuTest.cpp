@@ -1,5 +1,6 @@
 #include "launch/LaunchEmu.h"
 #include "catalogue/FolderScan.h"
+#include "catalogue/PlayStatistics.h"
 #include "config/Profiles.h"
 #include "platform/OsHelpers.h"
 #include "platform/RealShell.h"
@@ -11,6 +12,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 namespace {
@@ -107,6 +109,14 @@ TEST_F(LaunchEmuTest, WaitingModeRunsTheEmulatorThenOffersItsNewScreenshots) {
     EXPECT_TRUE(LaunchLog().contains("\r\n    Launch File: zsnes.sh\r\n"));
     EXPECT_TRUE(LaunchLog().contains("Snapshot Wizard Deacticated: No new images found."));
     EXPECT_FALSE(LaunchLog().contains("Snapshot Wizard Activated"));
+
+    // The player who turned the command line off is not asked before play.
+    m_state.Options.ShowCommandLine = 0;
+    zsnes.Reset();
+    const qsizetype asked = m_prompts.Asked().size();
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    EXPECT_EQ(m_prompts.Asked().size(), asked);
+    EXPECT_TRUE(zsnes.Ran());
 }
 
 TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
@@ -136,28 +146,81 @@ TEST_F(LaunchEmuTest, ShellModeAndTheGamesOwnLaunchFiles) {
     EXPECT_TRUE(m_prompts.AskedTexts().last().startsWith("No files were found to launch Nlke\r\n"));
 }
 
-TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedInBothModes) {
+TEST_F(LaunchEmuTest, EachPlayIsCountedAndAWaitedForPlayIsTimed) {
+    GameRecord& game = Game("super game.smc");
+    game.Emulator = "Snes9X";
+    m_state.Options.ShowCommandLine = 0;
+    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename,
+                        "4;2020-01-01T00:00:00Z;7200");
+    m_prompts.AnswerMessage(PromptAnswer::No); // "Use this snapshot for super game?"
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    PlayStatistics waited = ReadPlayStatistics(m_state.Store, game);
+    EXPECT_EQ(waited.PlayCount, 5);
+    EXPECT_GT(waited.LastPlayed, QDateTime(QDate(2020, 1, 1), QTime(0, 0), Qt::UTC));
+    EXPECT_GE(waited.PlaySeconds, 7200);
+
+    // Without waiting only the start counts; a game that cannot start does not.
+    m_state.Options.Snapshots_UseWizard = 0;
+    m_state.Store.Write(PlayStatisticsSection + game.Folder, game.Filename, "0;;0");
+    m_snes9x.Reset();
+    ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+    game.Emulator = "Nlke"; // not set up
+    EXPECT_EQ(Launch("super game.smc"), LaunchEnd::NoLaunchFile);
+    const PlayStatistics started = ReadPlayStatistics(m_state.Store, game);
+    EXPECT_EQ(started.PlayCount, 1);
+    EXPECT_EQ(started.PlaySeconds, 0);
+}
+
+TEST_F(LaunchEmuTest, AZippedGameIsPlayedFromTheUnzipFolderAndFlushedWhenPlayEnds) {
     MakeZip("My Games/Zipped Game.ZIP",
             {{"Read Me.txt", "hello"},
              {"Zipped Game.SFC", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")}});
     m_state.Games.ClearGameList();
     GameList_ImportFileList(m_state, TempPath("My Games"));
     Game("zipped game.zip").Emulator = "Snes9X";
+    const QString extracted = TempPath("Unzip/Zipped Game.SFC");
 
-    for (const qint16 waiting : {1, 0}) {
-        m_snes9x.Reset();
-        m_state.Options.Snapshots_UseWizard = waiting;
-        if (waiting)
-            m_prompts.AnswerMessage(PromptAnswer::No); // keeps the screenshot where it is
-        ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
-        const GameRecord& game = Game("zipped game.zip");
-        EXPECT_EQ(game.ExtractedFile, "Zipped Game.SFC");
-        EXPECT_EQ(game.ExtractedShortName, "zipped_game.sfc");
-        // The emulator was handed the extracted game, which is gone again.
-        ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
-        EXPECT_TRUE(m_snes9x.Arguments().value(0).endsWith("/zipped_game.sfc"));
-        EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
-    }
+    // Waiting: the extracted files go when the emulator has ended.
+    m_prompts.AnswerMessage(PromptAnswer::No); // keeps the screenshot where it is
+    ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
+    const GameRecord& game = Game("zipped game.zip");
+    EXPECT_EQ(game.ExtractedFile, "Zipped Game.SFC");
+    EXPECT_EQ(game.ExtractedShortName, "zipped_game.sfc");
+    EXPECT_TRUE(m_snes9x.Arguments().value(0).endsWith("/zipped_game.sfc"));
+    EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
+    EXPECT_FALSE(QFileInfo(m_snes9x.Arguments().value(0)).isSymLink()); // its link is gone
+
+    // Without waiting the emulator still reads the game after the launch returns:
+    // it stays until the next launch (or the program's end).
+    m_snes9x.Reset();
+    m_state.Options.Snapshots_UseWizard = 0;
+    ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return m_snes9x.Ran(); }, 60000));
+    EXPECT_TRUE(QFile::exists(extracted));
+    EXPECT_FALSE(ReadFile(m_snes9x.Arguments().value(0)).isEmpty());
+    EmulatorLauncher(m_state, m_prompts, m_shell, m_player).ReleaseDetachedPlay();
+    EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
+}
+
+TEST_F(LaunchEmuTest, FilesFromAnArchiveAreNeverStartedAsTheGamesOwnLaunchFile) {
+    EnableLog();
+    const QByteArray script = "#!/bin/sh\ntouch \"" + QFile::encodeName(TempPath("pwned")) + "\"\n";
+    MakeZip("My Games/game.zip",
+            {{"game.sfc", SnesImageBuilder::ValidLoRomWithCopierHeader("GAME")},
+             {"game.sh", script},
+             {"game.bat", script},
+             {"game.pif", script}});
+    m_state.Games.ClearGameList();
+    GameList_ImportFileList(m_state, TempPath("My Games"));
+    Game("game.zip").Emulator = "Snes9X";
+    m_state.Options.RomBatchFileSupport = 1;
+    m_prompts.AnswerMessage(PromptAnswer::No);
+
+    ASSERT_EQ(Launch("game.zip"), LaunchEnd::Ended);
+    EXPECT_TRUE(m_snes9x.Arguments().value(0).endsWith("/game.sfc"));
+    EXPECT_FALSE(QFile::exists(TempPath("pwned")));
+    EXPECT_TRUE(LaunchLog().contains("    Launch File: snes9x\r\n"));
 }
 
 } // namespace

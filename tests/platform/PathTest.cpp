@@ -3,7 +3,11 @@
 #include "platform/PathResolver.h"
 #include "support/TestFixtures.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -29,6 +33,53 @@ TEST_F(PathTest, ShortPathsAreLowerCaseBlankFreeAliases) {
     EXPECT_EQ(GetShortPath(file.toLower()), shortPath); // reused, found through any case
     EXPECT_EQ(GetShortPath(TempPath("My Games/missing.smc")), QString());
     EXPECT_TRUE(GetTempFolder().endsWith('/'));
+}
+
+// The links live in a private folder under XDG_RUNTIME_DIR, checked before each use.
+TEST_F(PathTest, ShortPathLinksLiveInAPrivateFolderAndGoWhenPlayEnds) {
+    const QString runtime =
+        QDir::tempPath() + "/lumbra-runtime-" + QString::number(QCoreApplication::applicationPid());
+    QDir(runtime).removeRecursively();
+    ASSERT_TRUE(QDir().mkpath(runtime));
+    const QByteArray savedRuntime = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", runtime.toLocal8Bit());
+    const QString root = runtime + "/lumbra-short";
+    const QString file = WriteFile("My Games/Super Mario.SMC", "mario");
+
+    const QString link = GetShortPath(file);
+    ASSERT_TRUE(link.startsWith(root + '/')) << link.toStdString();
+    EXPECT_EQ(QFileInfo(root).permissions() & QFile::Permissions(0x7077),
+              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    RemoveShortPathLinks();
+    EXPECT_FALSE(QFileInfo(link).isSymLink());
+    EXPECT_FALSE(QFileInfo::exists(QFileInfo(link).path())); // its folder too
+
+    // A root that others can write to, or a link in its place, is refused.
+    ::chmod(QFile::encodeName(root).constData(), 0777);
+    EXPECT_EQ(GetShortPath(file), QString());
+    EXPECT_TRUE(ShortPathFailure().contains("is not a private folder"))
+        << ShortPathFailure().toStdString();
+    ASSERT_TRUE(QDir(root).removeRecursively());
+    const QString elsewhere = MakeFolder("elsewhere");
+    ASSERT_TRUE(QFile::link(elsewhere, root));
+    EXPECT_EQ(GetShortPath(file), QString());
+    EXPECT_EQ(QDir(elsewhere).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), QStringList());
+    QFile::remove(root);
+
+    // Only Lumbra's own links are replaced in it.
+    const QString inTheWay = GetShortPath(file);
+    RemoveShortPathLinks();
+    QDir().mkpath(QFileInfo(inTheWay).path());
+    QFile blocker(inTheWay);
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.write("keep me");
+    blocker.close();
+    EXPECT_EQ(GetShortPath(file), QString());
+    EXPECT_TRUE(ShortPathFailure().contains("left as it is"));
+    EXPECT_EQ(ReadFile(inTheWay), "keep me");
+
+    qputenv("XDG_RUNTIME_DIR", savedRuntime);
+    QDir(runtime).removeRecursively();
 }
 
 TEST_F(PathTest, StoreSectionsRoundTripWhateverSeparatorsTheyHold) {

@@ -1,5 +1,6 @@
 #include "platform/RealShell.h"
 #include "platform/CommandLine.h"
+#include "platform/DocumentOpener.h"
 #include "support/ScriptedPrompts.h"
 #include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"
@@ -95,6 +96,33 @@ TEST_F(RealShellTest, ShellExecuteStartsProgramsInTheFolderAndOpensDocuments) {
     m_shell.ShellExecute("snaps/mario.png", QString(), QString());
     m_shell.ShellExecute("missing.png", QString(), emulators);
     EXPECT_EQ(m_opened, QStringList{picture});
+    // The opener found no program for it, and the player is told so.
+    EXPECT_EQ(m_prompts.AskedTexts(), QStringList{"No program is set up to open PNG images."});
+}
+
+TEST_F(RealShellTest, NothingToOpenAFileIsNamedByItsType) {
+    EXPECT_EQ(NoProgramToOpenMessage(WriteFile("list.HTML")),
+              "No program is set up to open HTML files.");
+    EXPECT_EQ(NoProgramToOpenMessage(WriteFile("shot.jpeg")),
+              "No program is set up to open JPEG images.");
+    EXPECT_EQ(NoProgramToOpenMessage(MakeFolder("Exports")),
+              "No program is set up to open folders.");
+    EXPECT_EQ(NoProgramToOpenMessage(WriteFile("README")),
+              "No program is set up to open files without an extension.");
+
+    // The desktop's own answer, from a stand-in xdg-mime that knows only PNG images.
+    const QByteArray savedPath = qgetenv("PATH");
+    const QString tools = MakeFolder("tools");
+    WriteFile("tools/xdg-mime", "#!/bin/sh\n[ \"$3\" = image/png ] && echo viewer.desktop\n"
+                                "exit 0\n");
+    QFile::setPermissions(tools + "/xdg-mime",
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("PATH", QFile::encodeName(tools) + ':' + savedPath);
+    const bool png = HasProgramToOpen(WriteFile("a.png", "\x89PNG\r\n\x1a\n"));
+    const bool html = HasProgramToOpen(WriteFile("a.html", "<html></html>"));
+    qputenv("PATH", savedPath);
+    EXPECT_TRUE(png);
+    EXPECT_FALSE(html);
 }
 
 TEST_F(RealShellTest, CopyAsksBeforeReplacingAndReportsTheSystemsReason) {
@@ -139,3 +167,47 @@ TEST_F(RealShellTest, DeleteAsksThenMovesToTheTrashAndTheBrowserMayGiveNothing) 
 }
 
 } // namespace
+
+TEST_F(RealShellTest, AProgramStartedWithItsArgumentsTellsHowItEndedAndWhatItSaidLast) {
+    const QString folder = MakeFolder("Game Folder");
+    const QString program = WriteStandInScript(
+        TempPath("emu"), "pwd -P > \"$0.cwd\"; printf '%s\\n' \"$@\" > \"$0.args\"\n"
+                         "for n in 1 2 3 4 5 6 7 8; do echo \"line $n\" >&2; done\n"
+                         "echo 'no core at /x.so' >&2; exit 3");
+    const ProgramEnd end = m_shell.RunProgram(program, {"-L", "a b; $(c)"}, folder);
+    EXPECT_TRUE(end.Started);
+    EXPECT_EQ(end.ExitStatus, 3);
+    EXPECT_FALSE(end.Crashed);
+    EXPECT_TRUE(end.FailedEarly());
+    EXPECT_EQ(end.ErrorTail, "line 4\nline 5\nline 6\nline 7\nline 8\nno core at /x.so");
+    EXPECT_EQ(ReadFile(program + ".args"), "-L\na b; $(c)\n");
+    EXPECT_EQ(ReadFile(program + ".cwd").trimmed(), folder.toUtf8());
+
+    const ProgramEnd missing = m_shell.RunProgram(TempPath("nothing here"), {}, folder);
+    EXPECT_FALSE(missing.Started);
+    EXPECT_FALSE(missing.StartError.isEmpty());
+    EXPECT_TRUE(missing.FailedEarly());
+
+    const ProgramEnd fine =
+        m_shell.RunProgram(WriteStandInScript(TempPath("fine"), "echo chatter >&2"), {}, folder);
+    EXPECT_FALSE(fine.FailedEarly());
+}
+
+TEST_F(RealShellTest, AStartThatFailsAtOnceIsReportedLaterAndOneThatWorksSaysNothing) {
+    QList<ProgramEnd> failures;
+    const auto record = [&failures](const ProgramEnd& end) { failures.append(end); };
+    m_shell.StartProgram(TempPath("no such emulator"), {}, TempPath(), record);
+    ASSERT_EQ(failures.size(), 1); // at once: it never started
+    EXPECT_FALSE(failures.first().Started);
+
+    const StandInEmulator works = WriteStandInEmulator(MakeFolder("Works"), "works");
+    m_shell.StartProgram(works.Path, {"game.smc"}, TempPath(), record);
+    m_shell.StartProgram(WriteStandInScript(TempPath("bad"), "echo 'bad option -z' >&2; exit 2"),
+                         {"-z"}, TempPath(), record);
+    ASSERT_TRUE(QTest::qWaitFor([&failures] { return failures.size() == 2; }, 60000));
+    EXPECT_EQ(failures.last().ExitStatus, 2);
+    EXPECT_EQ(failures.last().ErrorTail, "bad option -z");
+    ASSERT_TRUE(FinishesRunning(works));
+    EXPECT_EQ(works.Arguments(), QStringList{"game.smc"});
+    EXPECT_EQ(failures.size(), 2);
+}

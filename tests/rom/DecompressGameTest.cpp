@@ -2,7 +2,11 @@
 #include "ZipFixture.h"
 #include "support/SnesImageBuilder.h"
 
+#include "config/Settings.h"
+
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -103,4 +107,27 @@ TEST_F(DecompressGameTest, EncryptedGamesAskForThePassword) {
     EXPECT_EQ(m_prompts.Asked()[4].text, "readme.txt: Passphrase required for this entry\r\n"
                                          "game.smc: Passphrase required for this entry");
     EXPECT_EQ(UnzipFolderNames(), QStringList());
+}
+
+TEST_F(DecompressGameTest, TheDefaultUnzipFolderIsPrivateAndMadeOnFirstUse) {
+    const QString folder = DefaultSettings().UnzipFolder;
+    QDir(folder).removeRecursively();
+    m_state.Options.UnzipFolder = folder;
+    EXPECT_EQ(Decompress(MakeZip("Game.zip", {{"Game.smc", m_game}})), "Game.smc");
+    EXPECT_TRUE(QFile::exists(folder + "Game.smc")); // the name as given: no lower-cased twin
+    EXPECT_EQ(QFileInfo(folder).permissions() & QFile::Permissions(0x7077),
+              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    Decompress("flush");
+}
+
+TEST_F(DecompressGameTest, TheFirstGameOfANameIsPlayedAndListedWithoutControlCharacters) {
+    EnableLog();
+    const QString zip = MakeRawZip(
+        "twice.zip", {{"roms/game.smc", m_game}, {"game.smc", "impostor"}, {"bell\x07.txt", "r"}});
+    EXPECT_EQ(Decompress(zip), "game.smc");
+    EXPECT_EQ(UnzipFile("game.smc"), m_game);
+    EXPECT_EQ(m_prompts.AskedTexts(),
+              QStringList("The following files were unzipped:\r\n\r\n0) game.smc\r\n"
+                          "1) bell\uFFFD.txt\r\n"));
+    EXPECT_TRUE(LogText().contains("Left out a later entry named game.smc of " + zip));
 }

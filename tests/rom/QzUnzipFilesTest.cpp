@@ -118,3 +118,51 @@ TEST_F(QzUnzipFilesTest, OptionsDecideWhatIsWritten) {
               "Overwrite old.smc | VBUnZip32 - File Already Exists!");
     EXPECT_EQ(asked.buttons, PromptButtons::YesNo);
 }
+
+TEST_F(QzUnzipFilesTest, TheFirstEntryOfANameWinsAndLaterOnesAreLoggedAndLeftOut) {
+    EnableLog();
+    WriteFile("unzip/game.smc", "stale");
+    const QString zip = MakeRawZip("repeats.zip", {{"game.smc", "first"},
+                                                   {"readme.txt", "r"},
+                                                   {"roms/GAME.smc", "second"},
+                                                   {"game.smc", "third"},
+                                                   {"a\x01.smc", "fourth"},
+                                                   {"a\x02.smc", "fifth"}});
+
+    EXPECT_EQ(Unzip(zip), UnzipOk);
+    EXPECT_EQ(UnzipFolderFiles(),
+              QStringList({"a\uFFFD.smc=fourth", "game.smc=first", "readme.txt=r"}));
+    EXPECT_EQ(m_state.Unzip.UnzippedFiles[0], "game.smc");
+    EXPECT_EQ(m_state.Unzip.UnzippedFiles[1], "readme.txt");
+    EXPECT_EQ(m_state.Unzip.UnzippedFiles[2], "a\uFFFD.smc");
+    EXPECT_EQ(m_state.Unzip.UnzippedFiles[3], QString());
+    EXPECT_EQ(m_state.Unzip.UnzipMessage,
+              "Extracted: game.smc\r\nExtracted: readme.txt\r\n"
+              "roms/GAME.smc: left out, an earlier entry has the same name\r\n"
+              "game.smc: left out, an earlier entry has the same name\r\n"
+              "Extracted: a\uFFFD.smc\r\n"
+              "a\uFFFD.smc: left out, an earlier entry has the same name");
+    for (const QString name : {"GAME.smc", "game.smc", "a\uFFFD.smc"})
+        EXPECT_TRUE(LogText().contains("Left out a later entry named " + name + " of " + zip +
+                                       ": the first entry of that name is kept."))
+            << LogText().toStdString();
+}
+
+TEST_F(QzUnzipFilesTest, ControlCharactersInNamesNeverReachAFileNameOrTheMessage) {
+    const QString zip =
+        MakeRawZip("controls.zip", {{"roms\x1b]0;pwned\x07/evil\x1b[2J.smc", "game"},
+                                    {"line\nbreak\r.txt", "text"},
+                                    {"tab\there\x7f\xc2\x9b.txt", "tab"},
+                                    {"link\x1b[K.smc", {}, Kind::SymbolicLink, "/etc/passwd"},
+                                    {"dots\x1b/..", "x"}});
+    EXPECT_EQ(Unzip(zip), UnzipSkippedEntries);
+    EXPECT_EQ(UnzipFolderFiles(),
+              QStringList({"evil\uFFFD[2J.smc=game", "line\uFFFDbreak\uFFFD.txt=text",
+                           "tab\uFFFDhere\uFFFD\uFFFD.txt=tab"}));
+    EXPECT_EQ(m_state.Unzip.UnzippedFiles[0], "evil\uFFFD[2J.smc");
+    EXPECT_EQ(m_state.Unzip.UnzipMessage.split("\r\n"),
+              QStringList({"Extracted: evil\uFFFD[2J.smc", "Extracted: line\uFFFDbreak\uFFFD.txt",
+                           "Extracted: tab\uFFFDhere\uFFFD\uFFFD.txt",
+                           "link\uFFFD[K.smc: left out, not a regular file",
+                           "dots\uFFFD/..: left out, no usable file name"}));
+}

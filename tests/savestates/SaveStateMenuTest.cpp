@@ -1,4 +1,5 @@
 #include "savestates/SaveStateMenu.h"
+#include "savestates/FoundSaveStates.h"
 #include "support/TestFixtures.h"
 
 namespace {
@@ -50,7 +51,7 @@ TEST_F(SaveStateMenuTest, FindsEachEmulatorsFilesInAnyLetterCase) {
     EXPECT_EQ(menu[1].States.size(), 10);
 }
 
-TEST_F(SaveStateMenuTest, APlayedZipUsesItsExtractedNamesAndTheShortOneForTheTag) {
+TEST_F(SaveStateMenuTest, APlayedZipUsesItsExtractedNamesAndTheTagNamesTheFileThatIsThere) {
     GameRecord& game = m_state.Games.Records[0];
     game.Filename = "pack.zip";
     game.ExtractedShortName = "smw.smc";
@@ -59,7 +60,34 @@ TEST_F(SaveStateMenuTest, APlayedZipUsesItsExtractedNamesAndTheShortOneForTheTag
     WriteFile("Saves/S9X/SMW.srm");
     const SaveStateMenu menu = BuildSaveStateMenu(m_state, 0);
     EXPECT_EQ(Summary(menu), (QStringList{"No SRAM File", "SRAM File (0)", "No SRAM File"}));
-    EXPECT_EQ(menu[1].States[0].Tag, TempPath("Saves/S9X/smw.000"));
+    // Only the long name is there: a click must reach it.
+    EXPECT_EQ(menu[1].States[0].Tag, TempPath("Saves/S9X/Super Mario World.000"));
+    EXPECT_EQ(menu[1].Sram.Tag, TempPath("Saves/S9X/smw.srm")); // found in any letter case
+    WriteFile("Saves/S9X/smw.000");
+    EXPECT_EQ(BuildSaveStateMenu(m_state, 0)[1].States[0].Tag, TempPath("Saves/S9X/smw.000"));
+}
+
+TEST_F(SaveStateMenuTest, AFoundEmulatorsItemsNameItsRealFilesWithTheSameCaptions) {
+    using Kind = EmulatorSaveFile::Kind;
+    const FoundEmulatorSaveStates menu =
+        BuildFoundSaveStates("Mednafen", {{Kind::Slot, 0, "/m/mcs/Mario.abc.mc0", false},
+                                          {Kind::Slot, 1, "/m/mcs/Mario.abc.mc1", true},
+                                          {Kind::Auto, -1, "/m/mcs/Mario.abc.mca", true},
+                                          {Kind::Battery, -1, "/m/sav/Mario.abc.srm", false}});
+    EXPECT_EQ(menu.Emulator, "Mednafen");
+    ASSERT_EQ(menu.States.size(), 2);
+    EXPECT_EQ(menu.States[0].Caption, "(0) Empty");
+    EXPECT_FALSE(menu.States[0].Enabled);
+    EXPECT_EQ(menu.States[1].Caption, "(1) Used");
+    EXPECT_EQ(menu.States[1].Tag, "/m/mcs/Mario.abc.mc1");
+    ASSERT_EQ(menu.Others.size(), 1);
+    EXPECT_EQ(menu.Others[0].Caption, "(Auto) Used");
+    EXPECT_EQ(menu.Battery.Caption, "No SRAM File");
+    EXPECT_FALSE(menu.Battery.Enabled);
+    const FoundEmulatorSaveStates saved =
+        BuildFoundSaveStates("bsnes", {{Kind::Battery, -1, "/b/Mario.srm", true}});
+    EXPECT_EQ(saved.Battery.Caption, "SRAM File");
+    EXPECT_EQ(saved.Battery.Tag, "/b/Mario.srm");
 }
 
 } // namespace

@@ -12,6 +12,9 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" XDG_CACHE_HOME="$work/cache"
 unset QT_QPA_PLATFORM
+# No start-up question about the emulators this machine may have.
+mkdir -p "$XDG_CONFIG_HOME/Lumbra"
+printf '[Settings]\nFoundEmulatorOffered=0\n' > "$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
 
 xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
     store="$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"

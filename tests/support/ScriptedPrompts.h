@@ -23,7 +23,7 @@ public:
         QString text;     // message text, input prompt, folder prompt, file dialog title
         QString title;    // as given; empty means the application's title
         QString filter;   // file dialogs
-        QString proposed; // proposed input or file name, the open dialog's folder
+        QString proposed; // proposed input or file name, the open dialog's and browser's folder
         PromptButtons buttons = PromptButtons::Ok;
         PromptIcon icon = PromptIcon::None;
     };
@@ -71,8 +71,8 @@ public:
                   const QString& proposed = QString()) override {
         return Next(m_files, {Kind::SaveFile, title, title, filter, proposed});
     }
-    Path BrowseForFolder(const QString& prompt) override {
-        return Next(m_folders, {Kind::Folder, prompt, {}, {}, {}});
+    Path BrowseForFolder(const QString& prompt, const QString& folder = QString()) override {
+        return Next(m_folders, {Kind::Folder, prompt, {}, {}, folder});
     }
 
 private:

@@ -47,14 +47,26 @@ public:
                       const QString& directory) override {
         m_calls.append({"ShellExecute", {file, parameters, directory}});
     }
+    ProgramEnd RunProgram(const QString& program, const QStringList& arguments,
+                          const QString& folder) override {
+        m_calls.append({"RunProgram", QStringList{program} + arguments + QStringList{folder}});
+        ProgramEnd end;
+        end.Started = true;
+        return end;
+    }
+    void StartProgram(const QString& program, const QStringList& arguments, const QString& folder,
+                      std::function<void(const ProgramEnd&)>) override {
+        m_calls.append({"StartProgram", QStringList{program} + arguments + QStringList{folder}});
+    }
     void ShellCopyFile(const QString& source, const QString& target) override {
         m_calls.append({"ShellCopyFile", {source, target}});
     }
     void ShellDeleteFile(const QString& path) override {
         m_calls.append({"ShellDeleteFile", {path}});
     }
-    std::optional<QString> BrowseForFolder(const QString& title) override {
-        m_calls.append({"BrowseForFolder", {title}});
+    std::optional<QString> BrowseForFolder(const QString& title,
+                                           const QString& folder = QString()) override {
+        m_calls.append({"BrowseForFolder", {title, folder}});
         return m_folders.isEmpty() ? std::nullopt : m_folders.dequeue();
     }
 

@@ -74,3 +74,13 @@ StandInEmulator WriteStandInEmulator(const QString& folder, const QString& name,
     script.setPermissions(permissions);
     return standIn;
 }
+
+QString WriteStandInScript(const QString& path, const QByteArray& lines) {
+    QFile script(path);
+    if (script.open(QIODevice::WriteOnly)) {
+        script.write("#!/bin/sh\n" + lines + '\n');
+        script.close();
+        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+    return path;
+}

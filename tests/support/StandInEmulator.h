@@ -37,3 +37,7 @@ struct StandInEmulator {
 // (it then only runs through /bin/sh). An empty saveFolder means folder/save.
 StandInEmulator WriteStandInEmulator(const QString& folder, const QString& name,
                                      bool executable = true, const QString& saveFolder = {});
+
+// Writes an executable /bin/sh script at path running the given lines, for an
+// emulator that must do something of its own (write where a real one writes, fail).
+QString WriteStandInScript(const QString& path, const QByteArray& lines);

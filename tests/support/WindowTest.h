@@ -29,6 +29,10 @@ protected:
     }
 
     void StartWindow(const QStringList& arguments = {}) {
+        // The start-up offer of a found emulator asks only in the tests about it,
+        // whatever emulators this machine has.
+        if (!m_offerFoundEmulators)
+            m_state.Store.Write("Settings", "FoundEmulatorOffered", "0");
         m_window = StartLumbra(m_state, m_prompts, m_shell, m_launcher, arguments);
         m_window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(m_window.get()));
@@ -37,6 +41,7 @@ protected:
         return m_window->findChild<T*>(name);
     }
 
+    bool m_offerFoundEmulators = false;
     ScriptedPrompts m_prompts;
     ScriptedShell m_shell;
     RecordingLauncher m_launcher;

@@ -1,5 +1,6 @@
 #include "base/StringHelpers.h"
 #include "support/ScriptedPrompts.h"
+#include "support/ScriptedShell.h"
 #include "support/TestFixtures.h"
 #include "support/WidgetSteps.h"
 #include "ui/frmExportGameList.h"
@@ -23,7 +24,7 @@ const QString Section = "Export Prefs";
 class ExportDialogTest : public LumbraTest {
 protected:
     void Open() {
-        m_dialog = std::make_unique<frmExportGameList>(m_state, m_prompts);
+        m_dialog = std::make_unique<frmExportGameList>(m_state, m_prompts, m_shell);
         m_dialog->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(m_dialog.get()));
     }
@@ -47,6 +48,7 @@ protected:
     static QString Stored(const QString& key) { return SettingsStore().Read(Section, key); }
 
     ScriptedPrompts m_prompts;
+    ScriptedShell m_shell;
     std::unique_ptr<frmExportGameList> m_dialog;
 };
 
@@ -112,7 +114,8 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
 
     Choose("optFileFormat_1");
     m_prompts.AnswerFile(std::nullopt).AnswerFile(page);
-    Click("cmdExport"); // cancelled: nothing more is asked
+    m_prompts.AnswerMessage(PromptAnswer::No); // "... open it now?": the folder
+    Click("cmdExport");                        // cancelled: nothing more is asked
     Click("cmdExport");
     ASSERT_EQ(m_prompts.Asked().size(), 3);
     const ScriptedPrompts::Question save = m_prompts.Asked().at(1);
@@ -121,7 +124,9 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     EXPECT_EQ(save.filter, "HTML (*.html;*.htm)|*.html;*.htm|All Files (*.*)|*.*");
     EXPECT_EQ(save.proposed, AddBackslash(TempPath("Out")) + "gamelist");
     EXPECT_TRUE(ReadFile(page).startsWith("<html><head>\r\n"));
-    EXPECT_EQ(m_prompts.Asked().at(2).text, "Game List Exported!");
+    EXPECT_TRUE(m_prompts.Asked().at(2).text.startsWith("Game List Exported!\r\n"));
+    EXPECT_EQ(m_prompts.Asked().at(2).buttons, PromptButtons::YesNoCancel);
+    EXPECT_EQ(m_shell.CallsOf("ShellExecute"), (QList<QStringList>{{TempPath("Out"), "", ""}}));
     EXPECT_EQ(Control<QLabel>("lblProgress")->text(), "Exporting Game List in HTML...");
     const auto* bar = Control<QProgressBar>("prgProgress");
     EXPECT_EQ(bar->value(), 2);
@@ -138,6 +143,10 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     EXPECT_EQ(replace.buttons, PromptButtons::YesNo);
     EXPECT_EQ(replace.icon, PromptIcon::Exclamation);
     EXPECT_EQ(ReadFile(old), "the old list\r\n");
+    m_prompts.AnswerFile(old).AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::Yes);
+    Click("cmdExport"); // replaced, and opened
+    EXPECT_NE(ReadFile(old), "the old list\r\n");
+    EXPECT_EQ(m_shell.CallsOf("ShellExecute").last(), (QStringList{old, "", ""}));
 
     ASSERT_TRUE(QFile::remove(TempPath("Games/Zelda.sfc")));
     m_prompts.AnswerFile(TempPath("Out/new.txt"));

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStandardPaths>
 
 namespace {
 
@@ -179,7 +180,7 @@ TEST_F(GameMenuTest, SendToGroupSwitchesTheViewAsAutoSwitchGroupSays) {
     Choose("mnuSendToGroup_NewGroup");
     EXPECT_EQ(Shown(), "Racing: Zelda [Zelda]");
 
-    EXPECT_EQ(Control<QComboBox>("cboGroupList")->count(), 5);
+    EXPECT_EQ(Control<QComboBox>("cboGroupList")->count(), 6); // "All Games" too
     EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("title", "Mario")].Group, "Puzzle");
     EXPECT_EQ(m_prompts.Asked()[0].title + ": " + m_prompts.Asked()[0].text,
               "Create Group: Enter the new group's caption:");
@@ -259,6 +260,45 @@ TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes)
         EXPECT_EQ(dialog->width(), twips(3720));
     });
     EXPECT_TRUE(LogText().contains("\r\nAdjusted form size to hide internal data (not read)."));
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(GameMenuTest, AFoundEmulatorHasItsOwnSaveStatesSubmenuOfItsRealFiles) {
+    const QString home =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/retroarch";
+    QDir(home).removeRecursively();
+    for (const char* file : {"states/mario.state1", "states/mario.state.auto", "saves/mario.srm",
+                             "states/zelda.state2"})
+        WriteFile(QDir(TempPath()).relativeFilePath(home + '/' + file));
+    m_state.Store.Write("Found Emulators", "RetroArch (Snes9x)",
+                        "RetroArch;/usr/bin/retroarch;/cores/snes9x_libretro.so;;;;;;");
+    Start();
+    Select("Mario");
+    m_state.Options.StateClickDeletes = 1;
+    Control<QMenu>("mnuSaveStates")->popup({});
+    Control<QMenu>("mnuSaveStates")->hide();
+    QMenu* submenu = Control<QMenu>("mnuSaveStates_RetroArch (Snes9x)");
+    EXPECT_EQ(Entries(submenu, true), (QStringList{"(1) Used", "(Auto) Used", "SRAM File"}));
+    EXPECT_EQ(Entries(submenu, false).size(), 12);
+    EXPECT_EQ(Entries(submenu, false).first(), "(0) Empty");
+    Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_State(1)")->trigger();
+    Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_SRAM")->trigger();
+    EXPECT_EQ(m_shell.CallsOf("ShellDeleteFile"),
+              (QList<QStringList>{{home + "/states/mario.state1"}, {home + "/saves/mario.srm"}}));
+
+    // "Launch Using..." offers it after the three.
+    QTest::keyClick(List(), Qt::Key_Menu);
+    Control<QMenu>("mnuRomMenu")->hide();
+    QMenu* launchUsing = Control<QMenu>("mnuRomMenu_LaunchUsing");
+    EXPECT_EQ(Entries(launchUsing, false),
+              (QStringList{"Nlke", "Snes9X", "ZSnes", "RetroArch (Snes9x)", "Default"}));
+    launchUsing->actions()[3]->trigger();
+    EXPECT_EQ(m_state.Games.Records[m_state.Games.FindGame("filename", "mario.smc")].Emulator,
+              "RetroArch (Snes9x)");
+    QDir(home).removeRecursively();
 }
 
 } // namespace

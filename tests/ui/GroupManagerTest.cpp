@@ -31,10 +31,15 @@ TEST_F(GroupManagerTest, AddRemoveAndCloseWorkThroughTheButtons) {
 
     click("cmdRemove"); // nothing selected: nothing happens
     prompts.AnswerInput("Puzzle").AnswerInput("Action").AnswerInput(std::nullopt);
-    for (int i = 0; i < 3; ++i)
+    prompts.AnswerInput("All Games");
+    for (int i = 0; i < 4; ++i)
         click("cmdAdd");
     EXPECT_EQ(ItemTexts(list), (QStringList{"RPG", "action", "Puzzle"}));
-    EXPECT_EQ(prompts.AskedTexts(), QStringList(3, "Enter the new group's caption:"));
+    const QString ask = "Enter the new group's caption:";
+    EXPECT_EQ(prompts.AskedTexts(),
+              (QStringList{ask, ask, ask, ask,
+                           "\"All Games\" lists every game and cannot be a group; please choose "
+                           "another name."}));
 
     ClickLine(list, 1);
     click("cmdRemove");
@@ -51,6 +56,8 @@ TEST_F(GroupManagerTest, AddRemoveAndCloseWorkThroughTheButtons) {
                          "\r\nAttempting to add group: Puzzle...Success."
                          "\r\nAttempting to add group: Action...Already Exists!"
                          "\r\nAttempting to add group: ...Already Exists!"
+                         "\r\nAttempting to add group: All Games...Refused: \"All Games\" lists "
+                         "every game."
                          "\r\nAttempting to remove group: action...Success!"
                          "\r\nExporting GroupList to: Registry...Done."
                          "\r\n\r\n=== Unloaded frmGroupManager ===");

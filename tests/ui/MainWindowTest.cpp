@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 #include "config/Profiles.h"
+#include "support/FileSizeLimit.h"
 #include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 
@@ -110,6 +111,32 @@ TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheClos
     // Without debug mode, Options > Exit asks nothing and saves: the smoke test ends so.
 }
 
+TEST_F(MainWindowTest, ACloseThatCannotSaveOffersToTryAgainOrToQuitWithoutSaving) {
+    SeedStore();
+    StartWindow();
+    QSignalSpy closed(m_window.get(), &frmMain::Closed);
+    const QByteArray stored = ReadFile(m_state.Store.FilePath());
+    {
+        const FileSizeLimit fullDisk(0);
+        m_prompts.AnswerMessage(PromptAnswer::Yes);    // try again
+        m_prompts.AnswerMessage(PromptAnswer::Cancel); // keep Lumbra open
+        m_window->close();
+        EXPECT_TRUE(m_window->isVisible());
+        EXPECT_EQ(closed.count(), 0);
+        const QString failure =
+            "Could not save the settings to " + m_state.Store.FilePath() + ": File too large";
+        EXPECT_EQ(m_prompts.AskedTexts(),
+                  QStringList(2, failure + "\r\n\r\nTry again? No quits without saving; "
+                                           "Cancel keeps Lumbra open."));
+        EXPECT_EQ(m_prompts.Asked().first().icon, PromptIcon::Critical);
+
+        m_prompts.AnswerMessage(PromptAnswer::No);
+        m_window->close();
+        EXPECT_EQ(closed.count(), 1);
+    }
+    EXPECT_EQ(ReadFile(m_state.Store.FilePath()), stored);
+}
+
 TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
     SeedStore();
     m_state.Store.Write("Settings", "Snapshots_Show", "7");
@@ -125,7 +152,8 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
         QCoreApplication::processEvents();
         EXPECT_TRUE(picture->isVisible());
         EXPECT_EQ(picture->x(), inner->width() - picture->width() - 5);
-        EXPECT_EQ(list->geometry(), QRect(5, 33, picture->x() - 10, inner->height() - 38));
+        EXPECT_EQ(list->geometry(), QRect(5, 61, picture->x() - 10, inner->height() - 66));
+        EXPECT_EQ(Control<QLineEdit>("txtFilter")->geometry().topLeft(), QPoint(5, 33));
     }
     m_state.Options.Snapshots_Show = 0;
     m_window->Form_Resize();
@@ -142,7 +170,18 @@ TEST_F(MainWindowTest, LayoutFollowsTheSnapshotSettingAndShowsTheSnapshot) {
     ChooseGroup("RPG");
     EXPECT_TRUE(picture->pixmap().isNull()); // Tetris has no snapshot
     QTest::keyClick(list, Qt::Key_Down);
-    EXPECT_FALSE(picture->pixmap().isNull());
+    // Decoded once the event loop runs, at a whole step of its size that fits the pane.
+    ASSERT_TRUE(QTest::qWaitFor([picture] { return !picture->pixmap().isNull(); }, 60000));
+    const QSize shown = picture->pixmap().size();
+    EXPECT_EQ(shown.width() % 32, 0);
+    EXPECT_EQ(shown.width() * 28, shown.height() * 32); // its own shape
+    const QSize room = picture->contentsRect().size();
+    EXPECT_TRUE(shown.width() <= room.width() && shown.height() <= room.height());
+    EXPECT_TRUE(shown.width() + 32 > room.width() || shown.height() + 28 > room.height());
+
+    // A larger window gives the pane, and the picture, more room.
+    m_window->resize(m_window->size() + QSize(300, 300));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return picture->pixmap().width() > shown.width(); }, 60000));
 }
 
 TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
@@ -156,13 +195,16 @@ TEST_F(MainWindowTest, AHugeCaptionAndAFullCatalogueLeaveAUsableWindow) {
     StartWindow();
 
     auto* list = Control<QListWidget>("lstGameList");
-    // A caption of ten million characters is listed short and still finds its game.
+    // A caption of ten million characters is listed short (and last) and still finds its game.
     ASSERT_EQ(list->count(), GameList::Capacity);
-    EXPECT_LT(list->item(1)->text().size(), 1000);
-    EXPECT_TRUE(list->item(1)->text().startsWith("WWW"));
-    ClickLine(list, 1);
+    const int last = GameList::Capacity - 1;
+    EXPECT_LT(list->item(last)->text().size(), 1000);
+    EXPECT_TRUE(list->item(last)->text().startsWith("WWW"));
+    list->scrollToBottom();
+    ClickLine(list, last);
     const QString status = m_window->statusBar()->currentMessage();
-    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc")) << status.toStdString();
+    EXPECT_TRUE(status.endsWith(folder.toLower() + "g0001.smc   |   Never played"))
+        << status.toStdString();
 
     // The file that found no place is named in the status bar.
     auto* report = Control<QLabel>("lblScanReport");

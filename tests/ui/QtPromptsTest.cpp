@@ -1,5 +1,7 @@
 #include "ui/QtPrompts.h"
 
+#include "support/TestFixtures.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,6 +20,18 @@ TEST(QtPromptsTest, FiltersBecomeQtFilters) {
 TEST(QtPromptsTest, ANameTypedWithoutExtensionGetsTheFiltersFirstExtension) {
     EXPECT_EQ(DefaultSuffix(ConvertFileFilter("HTML (*.html;*.htm)|*.html;*.htm")), "html");
     EXPECT_EQ(DefaultSuffix("All Files (*.*)"), QString());
+}
+
+class StartFolderTest : public LumbraTest {};
+
+TEST_F(StartFolderTest, DialogsOpenAtTheFieldsFolderWhenItExists) {
+    const QString games = MakeFolder("My Games");
+    EXPECT_EQ(StartFolder(games + '/'), games);
+    EXPECT_EQ(StartFolder(games + "/not there yet.png"), games); // a file's folder
+    EXPECT_EQ(StartFolder(TempPath("Gone/shot.png")), QString());
+    EXPECT_EQ(StartFolder(TempPath("Gone")), TempPath()); // as far up as it exists
+    EXPECT_EQ(StartFolder("snes9x"), QString());          // a bare name has no folder
+    EXPECT_EQ(StartFolder(QString()), QString());
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "app/Startup.h"
+#include "emulators/FoundEmulators.h"
 #include "support/SnesImageBuilder.h"
+#include "support/StandInEmulator.h"
 #include "support/WidgetSteps.h"
 #include "support/WindowTest.h"
 #include "ui/frmSettings.h"
@@ -95,7 +97,7 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
               "/emus/snes9x//emus/saves/fast");
 
     EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->currentText(), "Ungrouped"); // "Gone" is gone
-    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 2);
+    EXPECT_EQ(Control<QComboBox>("cboDefaultGroup")->count(), 3); // "All Games" first
     EXPECT_EQ(ItemTexts(Control<QListWidget>("lstRomFolders")), QStringList{TempPath("Games/")});
     EXPECT_EQ(TextOf("txtExportFolder") + TextOf("txtSnapshotFolder") + TextOf("txtNoSnapPic"),
               "/exports//snaps//snaps/none.png");
@@ -109,10 +111,10 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettings) {
             checked << box->objectName();
     }
     checked.sort();
-    EXPECT_EQ(checked,
-              (QStringList{"chkRomBatchFileSupport", "chkSPC_DisplayList", "chkSPC_UseWizard",
-                           "chkSnapshots_AutoUse1st", "chkSnapshots_HideIfPicExists",
-                           "chkSnapshots_UseWizard", "chkStateClickDeletes"}));
+    EXPECT_EQ(checked, (QStringList{"chkRomBatchFileSupport", "chkSPC_DisplayList",
+                                    "chkSPC_UseWizard", "chkShowCommandLine",
+                                    "chkSnapshots_AutoUse1st", "chkSnapshots_HideIfPicExists",
+                                    "chkSnapshots_UseWizard", "chkStateClickDeletes"}));
 
     Click("cmdClose");
     m_dialog.reset();
@@ -131,7 +133,8 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
         FLAG(Snapshots_Show),          FLAG(Snapshots_UseWizard),
         FLAG(Snapshots_AutoUse1st),    FLAG(Snapshots_HideIfPicExists),
         FLAG(Snapshots_AutoRenameAll), FLAG(SPC_UseWizard),
-        FLAG(SPC_DisplayList),         FLAG(SPC_ShowMenu)};
+        FLAG(SPC_DisplayList),         FLAG(SPC_ShowMenu),
+        FLAG(ShowCommandLine)};
     for (const auto& [name, flag] : flags) {
         Press(name);
         EXPECT_EQ(m_state.Options.*flag, before.*flag == 0 ? 1 : 0) << name;
@@ -163,6 +166,8 @@ TEST_F(SettingsDialogTest, ControlsWriteTheirSettingsAtOnce) {
     PickFromList(Reveal<QComboBox>("cboDefaultEmulator"), "ZSnes");
     PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "RPG");
     EXPECT_EQ(m_state.Options.DefaultEmulator + m_state.Options.DefaultGroup, "ZSnesRPG");
+    PickFromList(Reveal<QComboBox>("cboDefaultGroup"), "All Games"); // Lumbra may start on it
+    EXPECT_EQ(m_state.Options.DefaultGroup, "All Games");
 
     Press("optAssociated");
     EXPECT_EQ(m_state.Options.SPC_OpenWith, "%WIN");
@@ -190,11 +195,15 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
     EXPECT_EQ(zsnes.SaveFolder, "/picked/cmdemusavefolder_browse/");
     EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
     EXPECT_EQ(TextOf("txtSPCFolder"), "/picked/cmdspcfolder_browse/");
-    EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
-              QList<QStringList>(6, {"Please choose the folder where ZSnes resides:"}));
+    const QList<QStringList> browsed = m_shell.CallsOf("BrowseForFolder");
+    ASSERT_EQ(browsed.size(), 6);
+    for (const QStringList& call : browsed)
+        EXPECT_EQ(call.first(), "Please choose the folder where ZSnes resides:");
 
-    Click("cmdSnapshotFolder_Browse"); // cancelled
+    Click("cmdSnapshotFolder_Browse"); // cancelled; the browser started at the field's folder
     EXPECT_EQ(m_state.Options.SnapshotFolder, "/picked/cmdsnapshotfolder_browse/");
+    EXPECT_EQ(m_shell.CallsOf("BrowseForFolder").last().last(),
+              "/picked/cmdsnapshotfolder_browse/");
 
     m_prompts.AnswerFile("/pics/No Shot.PNG").AnswerFile(std::nullopt);
     Click("cmdNoSnapPic_Pick");
@@ -202,6 +211,7 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenOnTheFirstPage) {
     EXPECT_EQ(m_state.Options.Snapshots_NoSnapPic, "/pics/No Shot.PNG");
     EXPECT_EQ(m_prompts.Asked().value(0).title, "Pick No Snapshot Image");
     EXPECT_EQ(m_prompts.Asked().value(0).filter, "Supported Image Types|*.bmp;*.jpg;*.png;*.gif");
+    EXPECT_EQ(m_prompts.Asked().value(1).proposed, "/pics/No Shot.PNG"); // opens at its folder
 }
 
 TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
@@ -228,8 +238,10 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
         Click("cmdClose");
     });
     QTest::mouseClick(addGameFolder, Qt::LeftButton);
+    const QString title = "Please choose a folder containing SNES games:";
     EXPECT_EQ(m_shell.CallsOf("BrowseForFolder"),
-              QList<QStringList>(3, {"Please choose a folder containing SNES games:"}));
+              (QList<QStringList>{
+                  {title, ""}, {title, TempPath("Games/")}, {title, TempPath("Games/")}}));
     EXPECT_EQ(m_state.Games.Count(), 2);
     EXPECT_EQ(games->count(), 2);
     EXPECT_FALSE(addGameFolder->isVisible());
@@ -252,6 +264,37 @@ TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsSha
     EXPECT_TRUE(addGameFolder->isVisible());
     EXPECT_EQ(SettingsStore().Read("Folders\\Game Folders", "00"), TempPath("Games/"));
     EXPECT_EQ(SettingsStore().Read("Settings", "Snapshots_Show"), "1");
+}
+
+} // namespace
+
+namespace {
+
+TEST_F(SettingsDialogTest, FindEmulatorsListsWhatItFoundForTheDefaultAndRemoveForgetsOne) {
+    SeedStore();
+    const QString bin = MakeFolder("bin");
+    WriteStandInScript(bin + "/mednafen", "exit 0");
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", bin.toLocal8Bit());
+    Open();
+    Click("cmdFindEmulators");
+    qputenv("PATH", path);
+    auto* list = Control<QListWidget>("lstFoundEmulators");
+    const QStringList found = ItemTexts(list);
+    ASSERT_TRUE(found.contains("Mednafen"));
+    ASSERT_TRUE(FindFoundEmulator(m_state.Store, "Mednafen"));
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen")->Program, bin + "/mednafen");
+
+    auto* defaultEmulator = Control<QComboBox>("cboDefaultEmulator");
+    EXPECT_EQ(defaultEmulator->itemText(3), found.first()); // after the three
+    PickFromList(defaultEmulator, "Mednafen");
+    EXPECT_EQ(m_state.Options.DefaultEmulator, "Mednafen");
+
+    ClickLine(list, static_cast<int>(found.indexOf("Mednafen")));
+    Click("cmdRemoveFoundEmulator");
+    EXPECT_FALSE(ItemTexts(list).contains("Mednafen"));
+    EXPECT_EQ(defaultEmulator->findText("Mednafen"), -1);
+    EXPECT_FALSE(FindFoundEmulator(m_state.Store, "Mednafen"));
 }
 
 } // namespace

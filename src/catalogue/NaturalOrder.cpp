@@ -1,0 +1,64 @@
+#include "catalogue/NaturalOrder.h"
+
+#include "catalogue/FoldedText.h"
+
+namespace {
+
+bool IsDigit(QChar c) {
+    return c.isDigit();
+}
+
+// The end of the run of digits that starts at from.
+qsizetype DigitsEnd(QStringView text, qsizetype from) {
+    while (from < text.size() && IsDigit(text[from]))
+        ++from;
+    return from;
+}
+
+// Compares the numbers of two runs of digits; leading zeros do not count.
+int CompareNumbers(QStringView a, QStringView b) {
+    while (a.size() > 1 && a.front().digitValue() == 0)
+        a = a.mid(1);
+    while (b.size() > 1 && b.front().digitValue() == 0)
+        b = b.mid(1);
+    if (a.size() != b.size())
+        return a.size() < b.size() ? -1 : 1;
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        const int difference = a[i].digitValue() - b[i].digitValue();
+        if (difference != 0)
+            return difference;
+    }
+    return 0;
+}
+
+} // namespace
+
+int NaturalCompareFolded(QStringView a, QStringView b) {
+    qsizetype i = 0;
+    qsizetype j = 0;
+    while (i < a.size() && j < b.size()) {
+        if (IsDigit(a[i]) && IsDigit(b[j])) {
+            const qsizetype endA = DigitsEnd(a, i);
+            const qsizetype endB = DigitsEnd(b, j);
+            if (const int order = CompareNumbers(a.sliced(i, endA - i), b.sliced(j, endB - j)))
+                return order;
+            i = endA;
+            j = endB;
+            continue;
+        }
+        if (a[i] != b[j])
+            return a[i].unicode() < b[j].unicode() ? -1 : 1;
+        ++i;
+        ++j;
+    }
+    if (i < a.size())
+        return 1;
+    return j < b.size() ? -1 : 0;
+}
+
+int NaturalCompare(QStringView a, QStringView b) {
+    if (const int order = NaturalCompareFolded(FoldedText(a), FoldedText(b)))
+        return order;
+    // Texts that differ only in case, accents or leading zeros keep one fixed order.
+    return a.compare(b, Qt::CaseSensitive);
+}

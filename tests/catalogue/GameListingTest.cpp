@@ -1,0 +1,141 @@
+#include "catalogue/GameListing.h"
+#include "catalogue/FoldedText.h"
+#include "catalogue/GameFilter.h"
+#include "catalogue/GroupViews.h"
+#include "catalogue/NaturalOrder.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TestFixtures.h"
+
+#include <algorithm>
+
+namespace {
+
+QStringList NaturallySorted(QStringList texts) {
+    std::sort(texts.begin(), texts.end(),
+              [](const QString& a, const QString& b) { return NaturalCompare(a, b) < 0; });
+    return texts;
+}
+
+// "caption@index" of each line.
+QStringList Shown(const QList<GameLine>& lines) {
+    QStringList shown;
+    for (const GameLine& line : lines)
+        shown << line.Caption + '@' + QString::number(line.Index);
+    return shown;
+}
+
+TEST(FoldedTextTest, DropsAccentsAndCaseAndUnfoldsCompatibilityForms) {
+    EXPECT_EQ(FoldedText(u"Pokémon ÀÉÎÕÜ"), "pokemon aeiou");
+    EXPECT_EQ(FoldedText(u"Poke\u0301mon"), "pokemon"); // the accent as a mark of its own
+    EXPECT_EQ(FoldedText(u"ＺＥＬＤＡ ﬁnal ²"), "zelda final 2");
+    EXPECT_EQ(FoldedText(u"İstanbul Ωmega"), "istanbul ωmega");
+    EXPECT_EQ(FoldedText(u"\U0001D400\U0001D41B"), "ab"); // mathematical bold, beyond 16 bits
+    EXPECT_EQ(FoldedText(u"Straße Øre"), "straße øre");   // no decomposition: kept
+    EXPECT_EQ(FoldedText(u"Plain ASCII 7"), "plain ascii 7");
+}
+
+TEST(NaturalOrderTest, IgnoresCaseAndAccentsAndCountsDigitRunsAsNumbers) {
+    EXPECT_EQ(NaturallySorted({"Game 10", "game 2", "Zelda", "Game 1", "Élan", "eagle", "Game",
+                               "Game 2b", "Game 2a", "Ｇａｍｅ 3", "10 Pin", "9 Lives"}),
+              (QStringList{"9 Lives", "10 Pin", "eagle", "Élan", "Game", "Game 1", "game 2",
+                           "Game 2a", "Game 2b", "Ｇａｍｅ 3", "Game 10", "Zelda"}));
+    // Numbers longer than any machine integer, and leading zeros.
+    EXPECT_LT(NaturalCompare(u"Disc 99999999999999999999", u"Disc 100000000000000000000"), 0);
+    EXPECT_LT(NaturalCompare(u"Level 009", u"Level 10"), 0);
+    // Texts equal but for case, accents or zeros still have one fixed order, both ways.
+    const std::pair<QString, QString> nearlySame[] = {
+        {"mario", "Mario"}, {"Game 7", "Game 007"}, {"Éclair", "Eclair"}};
+    for (const auto& [a, b] : nearlySame) {
+        EXPECT_EQ(NaturalCompareFolded(FoldedText(a), FoldedText(b)), 0);
+        const int order = NaturalCompare(a, b);
+        EXPECT_NE(order, 0);
+        EXPECT_EQ(order > 0, NaturalCompare(b, a) < 0);
+    }
+    EXPECT_EQ(NaturalCompare(u"Same", u"Same"), 0);
+}
+
+TEST(GameFilterTest, EveryWordInTheCaptionOrTheFileName) {
+    const auto matches = [](const QString& typed, const QString& caption, const QString& file) {
+        return GameFilter(typed).Matches(FoldedText(caption), FoldedText(file));
+    };
+    EXPECT_TRUE(matches("mario world", "Super Mario World", "smw.smc"));
+    EXPECT_TRUE(matches("WORLD  mar", "Super Mario World", "smw.smc")); // any order, part words
+    EXPECT_FALSE(matches("mario kart", "Super Mario World", "smw.smc"));
+    EXPECT_TRUE(matches("smw", "Super Mario World", "smw.smc"));        // the file name alone
+    EXPECT_TRUE(matches("super .smc", "Super Mario World", "smw.smc")); // one word in each
+    EXPECT_FALSE(matches("smw mario kart", "Super Mario World", "smw.smc"));
+    EXPECT_TRUE(matches("pokemon", "Pokémon Stadium", "pokemon.sfc"));
+    EXPECT_TRUE(matches("POKÉ\tSTAD", "Pokemon Stadium", "ps.sfc"));
+    EXPECT_TRUE(matches("espana", "x", "españa.smc"));
+
+    const GameFilter blank(u" \t ");
+    EXPECT_TRUE(blank.IsEmpty());
+    EXPECT_TRUE(blank.Matches(u"anything", u"at all"));
+    EXPECT_EQ(GameFilter(u"  Ｍario  ﬁre ").Words(), (QStringList{"mario", "fire"}));
+}
+
+class GameListingTest : public LumbraTest {
+protected:
+    GameListingTest() {
+        Add("Game 10", "g10.smc", "RPG");
+        Add("Game 2", "g2.smc", "RPG");
+        Add(RemovedCaption, "gone.smc", "RPG");
+        Add("zelda", "Zelda.sfc", "rpg"); // the group in another case
+        Add("Ápple Hunt", "apple.smc", FixedGroup);
+        Add("Mario", "mario.smc", "Action");
+    }
+    void Add(const QString& caption, const QString& file, const QString& group) {
+        GameRecord& record = m_state.Games.Records[m_state.Games.Count()];
+        record = {caption, file, {}, {}, "/roms/", {}, group, "Default", "Default"};
+    }
+};
+
+TEST_F(GameListingTest, AGroupOrAllGamesSortedWithEachLineOnItsRecord) {
+    const GameList& games = m_state.Games;
+    GameListing listing;
+    listing.Fill(games, "rpg");
+    EXPECT_EQ(Shown(listing.Lines({})), (QStringList{"Game 2@1", "Game 10@0", "zelda@3"}));
+    EXPECT_EQ(Shown(listing.Lines(GameFilter(u"game 1"))), QStringList{"Game 10@0"});
+    EXPECT_EQ(Shown(listing.Lines(GameFilter(u"nothing"))), QStringList());
+
+    // "All Games": every game but the removed one, whatever its group.
+    listing.Fill(games, AllGamesView);
+    EXPECT_EQ(Shown(listing.Lines({})),
+              (QStringList{"Ápple Hunt@4", "Game 2@1", "Game 10@0", "Mario@5", "zelda@3"}));
+    EXPECT_EQ(listing.Count(), 5);
+    EXPECT_EQ(Shown(ListGames(games, "all games", "APPLE")), QStringList{"Ápple Hunt@4"});
+    EXPECT_EQ(Shown(ListGames(games, "Ungrouped", "")), QStringList{"Ápple Hunt@4"});
+    EXPECT_EQ(Shown(ListGames(games, "Puzzle", "")), QStringList());
+
+    // The list ends at the first free slot.
+    m_state.Games.Records[1].Filename.clear();
+    EXPECT_EQ(Shown(ListGames(games, AllGamesView, "")), QStringList{"Game 10@0"});
+}
+
+TEST_F(GameListingTest, AllGamesIsAViewThatNoGroupMayBecome) {
+    EnableLog();
+    GroupList& groups = m_state.Groups;
+    groups.Entries[0] = "RPG";
+    groups.Entries[1] = "all games"; // stored by hand: the view hides it
+    groups.Entries[2] = "Action";
+    EXPECT_EQ(SelectorLines(groups), (QStringList{"All Games", "Ungrouped", "RPG", "Action"}));
+    EXPECT_TRUE(ViewExists(groups, "ALL GAMES") && ViewExists(groups, "ungrouped") &&
+                ViewExists(groups, "action"));
+    EXPECT_FALSE(ViewExists(groups, "Puzzle") || GroupExists(groups, "Puzzle"));
+    EXPECT_TRUE(IsAllGamesView(" all GAMES "));
+    EXPECT_FALSE(IsAllGamesView("All Gamez") || IsAllGamesView("AllGames"));
+
+    groups.Entries[1].clear();
+    groups.Entries[1].swap(groups.Entries[2]);
+    ScriptedPrompts prompts;
+    EXPECT_FALSE(AddPlayerGroup(groups, prompts, " All GAMES "));
+    EXPECT_TRUE(AddPlayerGroup(groups, prompts, "All Games 2"));
+    EXPECT_EQ(groups.Count(), 3);
+    EXPECT_EQ(prompts.AskedTexts(), QStringList{"\"All Games\" lists every game and cannot be a "
+                                                "group; please choose another name."});
+    EXPECT_EQ(prompts.Asked().first().icon, PromptIcon::Exclamation);
+    EXPECT_EQ(LogText(), "\r\nAttempting to add group:  All GAMES ...Refused: \"All Games\" "
+                         "lists every game.\r\nAttempting to add group: All Games 2...Success.");
+}
+
+} // namespace

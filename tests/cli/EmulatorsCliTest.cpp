@@ -1,0 +1,169 @@
+#include "cli/CliRun.h"
+#include "support/FakeSystem.h"
+#include "support/SnesImageBuilder.h"
+#include "support/TestFixtures.h"
+
+#include <QCryptographicHash>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+namespace {
+
+// lumbra-cli on a system of its own: its home, settings store, PATH and the root of
+// the catalogue's absolute paths all in the test's folder.
+class EmulatorsCliTest : public LumbraTest {
+protected:
+    EmulatorsCliTest() : m_system(TempPath("system")) {
+        m_environment = QProcessEnvironment::systemEnvironment();
+        const QProcessEnvironment own = m_system.Environment();
+        for (const QString& variable : own.keys())
+            m_environment.insert(variable, own.value(variable));
+        m_system.WriteCatalogue(DataHome() + "/Lumbra/emulators/system.json");
+        m_retroarch = m_system.WriteProgram(m_system.Bin() + "/retroarch");
+        m_system.WriteFile(Core("bsnes_mercury_performance_libretro.so"));
+        m_system.WriteFile(Core("snes9x_libretro.so"));
+        m_mednafen = m_system.WriteProgram(m_system.Root("/usr/games/mednafen"));
+    }
+
+    CliResult Run(const QStringList& arguments) const { return RunCli(arguments, m_environment); }
+    QString DataHome() const { return m_system.Home() + "/.local/share"; }
+    QString RetroArchHome() const { return m_system.Home() + "/.config/retroarch"; }
+    QString Core(const QString& file) const {
+        return m_system.Root("/usr/lib/x86_64-linux-gnu/libretro/") + file;
+    }
+
+    FakeSystem m_system;
+    QProcessEnvironment m_environment;
+    QString m_retroarch;
+    QString m_mednafen;
+};
+
+TEST_F(EmulatorsCliTest, FindsTheInstalledEmulatorsAndSetsThemUpBesideLumbrasOwn) {
+    const CliResult detect = Run({"emulators", "detect"});
+    EXPECT_EQ(detect.ExitCode, 0) << detect.Err.toStdString();
+    EXPECT_EQ(detect.Out, "RetroArch (bsnes-mercury Performance): " + m_retroarch + " -L " +
+                              Core("bsnes_mercury_performance_libretro.so") +
+                              " {options} {game}\nRetroArch (Snes9x): " + m_retroarch + " -L " +
+                              Core("snes9x_libretro.so") +
+                              " {options} {game}\nMednafen: " + m_mednafen + " {options} {game}\n");
+    const QStringList lines =
+        Run({"emulators", "detect", "--json"}).Out.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 3);
+    const QJsonObject snes9x = QJsonDocument::fromJson(lines.at(1).toUtf8()).object();
+    EXPECT_EQ(snes9x.value("name").toString(), "RetroArch (Snes9x)");
+    EXPECT_EQ(snes9x.value("program").toString(), m_retroarch);
+    EXPECT_EQ(snes9x.value("core").toString(), Core("snes9x_libretro.so"));
+    EXPECT_EQ(snes9x.value("command").toString(), "{program} -L {core} {options} {game}");
+
+    const QString states = MakeFolder("States");
+    const QList<std::pair<QStringList, int>> runs{
+        {{"emulators", "set", "retroarch (snes9x)", "--profile", "fast", "--state-folder", states},
+         0},
+        {{"emulators", "set", "Mednafen", "--command", "{program} -video.fs 1 {options} {game}"},
+         0},
+        {{"emulators", "set", "Mednafen", "--command", "{program} -f"}, 1},
+        {{"emulators", "set", "Mednafen", "--folder", states}, 2},
+        {{"emulators", "set", "Mednafen", "--save-folder", TempPath("missing")}, 1},
+        {{"emulators", "set", "ZSnes", "--command", "x {game}"}, 2},
+        {{"emulators", "set", "Nope", "--profile", "x"}, 2},
+        {{"config", "set", "DefaultEmulator", "retroarch (snes9x)"}, 0},
+        {{"config", "set", "DefaultEmulator", "Nope"}, 1},
+        {{"profiles", "set", "RetroArch (Snes9x)", "fast", "-f --verbose"}, 0},
+        {{"profiles", "set", "snes9x", "Basic", "-x"}, 0},
+        {{"profiles", "set", "snes9x", "a;b", "-x"}, 1},
+        {{"profiles", "set", "Nope", "a", "-x"}, 1},
+        {{"profiles", "set", "snes9x"}, 2},
+        {{"emulators", "remove", "ZSnes"}, 1},
+        {{"emulators", "remove", "mednafen"}, 0},
+        {{"emulators", "remove", "Mednafen"}, 1},
+    };
+    for (const auto& [arguments, exitCode] : runs)
+        EXPECT_EQ(Run(arguments).ExitCode, exitCode) << arguments.join(' ').toStdString();
+    EXPECT_EQ(Run({"config", "get", "DefaultEmulator"}).Out, "RetroArch (Snes9x)\n");
+    EXPECT_TRUE(Run({"emulators", "remove", "ZSnes"}).Err.contains("Lumbra's own three stay"));
+
+    EXPECT_EQ(Run({"profiles", "list", "retroarch (snes9x)"}).Out, "fast=-f --verbose\n");
+    EXPECT_EQ(Run({"profiles", "list"}).Out,
+              "Snes9X\n  Basic=-x\nRetroArch (Snes9x)\n  fast=-f --verbose\n");
+    EXPECT_EQ(Run({"profiles", "remove", "snes9x", "BASIC"}).ExitCode, 0);
+    EXPECT_EQ(Run({"profiles", "remove", "snes9x", "Basic"}).ExitCode, 1);
+    EXPECT_EQ(Run({"profiles", "list", "Snes9X"}).Out, "");
+
+    // Detected again, the player's settings stay; a core gone is forgotten.
+    QFile::remove(Core("bsnes_mercury_performance_libretro.so"));
+    const CliResult again = Run({"emulators", "detect"});
+    EXPECT_EQ(again.Err, "lumbra-cli: no longer found, removed: RetroArch (bsnes-mercury "
+                         "Performance)\n");
+    const QString list = Run({"emulators", "list"}).Out;
+    EXPECT_TRUE(list.startsWith("Nlke\n")) << list.toStdString();
+    EXPECT_TRUE(list.contains("\nZSnes\n  folder:       (not set up)\n"));
+    EXPECT_TRUE(list.contains("\nRetroArch (Snes9x)\n  program:      " + m_retroarch +
+                              "\n  core:         " + Core("snes9x_libretro.so") +
+                              "\n  command:      {program} -L {core} {options} {game}"
+                              "\n  profile:      fast\n  states:       " +
+                              states + "/\n"))
+        << list.toStdString();
+    EXPECT_TRUE(list.contains("\nMednafen\n  program:      " + m_mednafen +
+                              "\n  command:      {program} {options} {game}\n"));
+}
+
+TEST_F(EmulatorsCliTest, StatesListsEveryFileTheEmulatorsWroteForAGame) {
+    const QByteArray image = SnesImageBuilder::ValidLoRomWithCopierHeader("STAR FOX");
+    WriteFile("Games/starfox.smc", image);
+    const QString md5 = QString::fromLatin1(
+        QCryptographicHash::hash(image.mid(512), QCryptographicHash::Md5).toHex());
+    m_environment.insert("MEDNAFEN_HOME", TempPath("mednafen"));
+    const QString zsnes = MakeFolder("ZSnes");
+    for (const QStringList& setUp : {QStringList{"folders", "add", TempPath("Games")},
+                                     {"emulators", "detect"},
+                                     {"emulators", "set", "ZSnes", "--save-folder", zsnes}})
+        ASSERT_EQ(Run(setUp).ExitCode, 0) << setUp.join(' ').toStdString();
+
+    const QString retroarch = RetroArchHome();
+    const QStringList files{retroarch + "/states/starfox.state",
+                            retroarch + "/states/starfox.state.auto",
+                            retroarch + "/saves/starfox.srm",
+                            retroarch + "/screenshots/starfox-261122-213639.png",
+                            TempPath("mednafen/mcs/starfox." + md5 + ".mc3"),
+                            TempPath("mednafen/snaps/starfox-0000.png"),
+                            zsnes + "/starfox.zs3",
+                            DataHome() + "/Lumbra/snapshots/starfox.png"};
+    for (const QString& file : files)
+        m_system.WriteFile(file);
+
+    const CliResult json = Run({"states", "--json", "Star Fox"});
+    EXPECT_EQ(json.ExitCode, 0) << json.Err.toStdString();
+    QSet<QString> listed;
+    for (const QString& line : json.Out.split('\n', Qt::SkipEmptyParts)) {
+        const QJsonObject file = QJsonDocument::fromJson(line.toUtf8()).object();
+        listed.insert(QStringList{file.value("emulator").toString(), file.value("kind").toString(),
+                                  file.value("slot").toString(), file.value("path").toString()}
+                          .join('|'));
+    }
+    const QString bsnes = "RetroArch (bsnes-mercury Performance)|";
+    const QSet<QString> expected{"|snapshot||" + files[7],
+                                 "ZSnes|state|3|" + files[6],
+                                 bsnes + "state|0|" + files[0],
+                                 bsnes + "auto state||" + files[1],
+                                 bsnes + "battery save||" + files[2],
+                                 bsnes + "screenshot||" + files[3],
+                                 "RetroArch (Snes9x)|state|0|" + files[0],
+                                 "RetroArch (Snes9x)|auto state||" + files[1],
+                                 "RetroArch (Snes9x)|battery save||" + files[2],
+                                 "RetroArch (Snes9x)|screenshot||" + files[3],
+                                 "Mednafen|state|3|" + files[4],
+                                 "Mednafen|screenshot||" + files[5]};
+    EXPECT_EQ(listed, expected) << json.Out.toStdString();
+
+    const CliResult text = Run({"states", "--index", "0"});
+    EXPECT_TRUE(text.Out.startsWith(
+        "Snapshot: " + files[7] + "\nZSnes\n  state 3:       " + files[6] +
+        "\nMednafen\n  state 3:       " + files[4] + "\n  screenshot:    " + files[5] +
+        "\nRetroArch (bsnes-mercury Performance)\n"))
+        << text.Out.toStdString();
+    EXPECT_EQ(Run({"states", "Nothing Like It"}).ExitCode, 1);
+    EXPECT_EQ(Run({"states"}).ExitCode, 2);
+}
+
+} // namespace

@@ -1,0 +1,136 @@
+#include "catalogue/RomInfoRequest.h"
+#include "snapshots/SnapshotWizard.h"
+#include "support/WidgetSteps.h"
+#include "support/WindowTest.h"
+#include "ui/MainWindowLayout.h"
+#include "ui/SnapshotPane.h"
+#include "ui/frmEventLog.h"
+#include "ui/frmProfileEditor.h"
+#include "ui/frmRomInfo.h"
+#include "ui/frmSnapshotWizard.h"
+
+#include <QAction>
+#include <QDialog>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLayout>
+#include <QListWidget>
+#include <QScrollArea>
+
+namespace {
+
+// 1280x800 at twice the scale: what every window has to fit, in logical pixels.
+const QSize SmallScreen(640, 400);
+
+// The smallest size the window can be given: what its layout needs, or its fixed size.
+QSize SmallestSize(const QWidget* window) {
+    QSize smallest = window->minimumSize();
+    if (const QLayout* layout = window->layout();
+        layout && layout->sizeConstraint() != QLayout::SetNoConstraint)
+        smallest = smallest.expandedTo(layout->totalMinimumSize());
+    if (window->minimumSize() == window->maximumSize())
+        smallest = window->minimumSize();
+    return smallest;
+}
+
+class DialogsFitTest : public WindowTest {
+protected:
+    void Start() {
+        const QString folder = MakeFolder("Games") + '/';
+        WriteFile("Games/zelda.smc", "x");
+        m_state.Store.Write("Folders\\Game Folders", "00", folder);
+        m_state.Store.Write("Settings", "DefaultGroup", "All Games");
+        m_state.Store.Sync();
+        StartWindow();
+    }
+    // Opens a dialog through the main window's menu entry and measures it.
+    QSize SmallestOf(const QString& entry) {
+        QSize smallest;
+        RunWhenModal([&smallest](QWidget* dialog) {
+            smallest = SmallestSize(dialog);
+            qobject_cast<QDialog*>(dialog)->reject();
+        });
+        Control<QAction>(entry)->trigger();
+        return smallest;
+    }
+};
+
+TEST_F(DialogsFitTest, EveryDialogFitsASmallScreen) {
+    Start();
+    Control<QListWidget>("lstGameList")->setCurrentRow(0);
+    for (const char* entry :
+         {"mnuOptions_GroupManager", "mnuOptions_Settings", "mnuOptions_Export_GameList",
+          "mnuOptions_About", "mnuRomMenu_GameInfo"}) {
+        const QSize smallest = SmallestOf(entry);
+        EXPECT_FALSE(smallest.isEmpty()) << entry;
+        EXPECT_LE(smallest.width(), SmallScreen.width()) << entry;
+        EXPECT_LE(smallest.height(), SmallScreen.height()) << entry;
+    }
+
+    ScriptedPrompts prompts;
+    SnapshotWizard wizard(m_state, prompts);
+    frmProfileEditor editor(m_state.Store, "Snes9X");
+    frmSnapshotWizard wizardWindow(wizard);
+    frmEventLog::Toggle(m_window.get());
+    ASSERT_NE(frmEventLog::Instance(), nullptr);
+    for (const QWidget* window : std::initializer_list<const QWidget*>{
+             &editor, &wizardWindow, frmEventLog::Instance(), m_window.get()}) {
+        const QSize smallest = SmallestSize(window);
+        EXPECT_LE(smallest.width(), SmallScreen.width()) << window->objectName().toStdString();
+        EXPECT_LE(smallest.height(), SmallScreen.height()) << window->objectName().toStdString();
+    }
+
+    // The export dialog's choices scroll when the screen is too small for them.
+    RunWhenModal([](QWidget* dialog) {
+        EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr);
+        qobject_cast<QDialog*>(dialog)->reject();
+    });
+    Control<QAction>("mnuOptions_Export_GameList")->trigger();
+}
+
+TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
+    const QString name = QString(50, 'a') + "_zzzzz.smc"; // 60 characters
+    ASSERT_EQ(name.size(), 60);
+    GameList games;
+    ScriptedPrompts prompts;
+    RomInfoRequest request;
+    request.DisplayFilename = request.RomFilename = name;
+    request.DisplayPath = request.RomPath = TempPath() + '/';
+    request.SelRomIndex = 0;
+    request.ExtractData = false;
+    frmRomInfo dialog(games, prompts, request);
+    const auto* label = dialog.findChild<QLabel*>("lblFilename");
+    EXPECT_EQ(label->toolTip(), name);
+    EXPECT_TRUE(label->text().startsWith("Filename: aaa"));
+    EXPECT_TRUE(label->text().endsWith("zz.smc")) << label->text().toStdString();
+    EXPECT_TRUE(label->text().contains(QChar(0x2026)));
+    EXPECT_LE(QFontMetrics(label->font()).horizontalAdvance(label->text()),
+              dialog.findChild<QWidget*>("fraGeneral")->width());
+}
+
+TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20Lines) {
+    for (const int lineHeight : {14, 18, 24}) {
+        const QSize inner = MainWindowLayout::FirstInnerSize(lineHeight, 1);
+        const QRect pane = MainWindowLayout::SnapshotPaneGeometry(inner);
+        EXPECT_EQ(FitPicture({256, 224}, pane.size() - QSize(2, 2)).Size, QSize(512, 448));
+        EXPECT_GE(inner.height() - MainWindowLayout::ListTop - 5, 20 * lineHeight);
+        EXPECT_GE(pane.left() - 10, 240); // the list's width
+        // With a menu bar, a status bar and the window's frame, on 1280x800.
+        EXPECT_LE(inner.width() + 16, 1280);
+        EXPECT_LE(inner.height() + 2 * 30 + 48, 800);
+    }
+}
+
+TEST(MainWindowLayoutTest, PicturesScaleByWholeStepsAndShrinkSmoothly) {
+    EXPECT_EQ(FitPicture({256, 224}, {800, 700}).Size, QSize(768, 672)); // 3x
+    EXPECT_TRUE(FitPicture({256, 224}, {800, 700}).Sharp);
+    EXPECT_EQ(FitPicture({256, 224}, {767, 700}).Size, QSize(512, 448)); // 3x no longer fits
+    EXPECT_EQ(FitPicture({256, 224}, {256, 224}).Size, QSize(256, 224));
+    const PictureFit big = FitPicture({4000, 3000}, {512, 448});
+    EXPECT_FALSE(big.Sharp);
+    EXPECT_EQ(big.Size, QSize(512, 384)); // its own shape
+    EXPECT_EQ(SnapshotPane::SizeWithin({1000, 448}), QSize(512, 448));
+    EXPECT_EQ(SnapshotPane::SizeWithin({512, 1000}), QSize(512, 448));
+}
+
+} // namespace
