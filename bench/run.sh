@@ -53,10 +53,9 @@ use_store() {
 "$bin/lumbra-bench" prepare "$work/games" >/dev/null
 mkdir -p "$XDG_CONFIG_HOME"
 save_store empty
-# The first window's question about a found emulator is answered, as a player would once.
-mkdir -p "$XDG_CONFIG_HOME/Lumbra"
-printf '[Settings]\nFoundEmulatorOffered=0\n' >"$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
 "$bin/lumbra-bench" folders "$work/games"
+# The first window's question about a found emulator is answered, as a player would once.
+printf '\n[Settings]\nFoundEmulatorOffered=0\n' >>"$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
 save_store folders
 "$cli" scan >/dev/null
 save_store scanned
