@@ -61,9 +61,10 @@ check-fuzz: fuzz-configure
 	$(call run-fuzzer,header,$(CHECK_FUZZ_SECONDS),-timeout=10)
 	$(call run-fuzzer,archive,$(CHECK_FUZZ_SECONDS),-timeout=10)
 
-# Lumbra timed against the floor of its work; strace counts its file-system calls.
+# Lumbra timed against the floor of its work; strace counts its file-system calls,
+# callgrind its instructions.
 bench: build
-	@./scripts/install-deps.sh strace
+	@./scripts/install-deps.sh strace valgrind
 	./bench/run.sh $(BUILD_DIR)
 
 format:

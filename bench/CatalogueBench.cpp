@@ -2,6 +2,8 @@
 // rebuild that the main window's load runs (scan, lay the stored data over, tag).
 //
 //   lumbra-bench prepare DIR   write the images (and nothing else)
+//   lumbra-bench folders DIR   store the game folders alone, scanning nothing: the
+//                              store that a cold scan starts from
 //   lumbra-bench rebuild DIR   rebuild once with the store as it is, store the
 //                              result, and print the time and the peak memory
 //
@@ -58,6 +60,14 @@ int Prepare(const QString& root) {
     return 0;
 }
 
+int StoreFolders(const QString& root) {
+    AppState state;
+    for (int folder = 0; folder < Folders; ++folder)
+        state.GameFolders.AddGameFolder(FolderPath(root, folder));
+    ExportGameFolders(state.Store, state.GameFolders, QStringLiteral("reg"), QString());
+    return state.Store.Sections() == QStringList{QStringLiteral("Folders\\Game Folders")} ? 0 : 1;
+}
+
 int Rebuild(const QString& root) {
     AppState state;
     LoadConfiguration(state);
@@ -86,8 +96,10 @@ int main(int argc, char** argv) {
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && arguments.at(1) == QLatin1String("prepare"))
         return Prepare(arguments.at(2));
+    if (arguments.size() == 3 && arguments.at(1) == QLatin1String("folders"))
+        return StoreFolders(arguments.at(2));
     if (arguments.size() == 3 && arguments.at(1) == QLatin1String("rebuild"))
         return Rebuild(arguments.at(2));
-    std::fprintf(stderr, "usage: lumbra-bench prepare|rebuild DIR\n");
+    std::fprintf(stderr, "usage: lumbra-bench prepare|folders|rebuild DIR\n");
     return 2;
 }

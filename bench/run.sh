@@ -1,8 +1,9 @@
 #!/bin/sh
 # Times Lumbra with 1,000 games in 10 folders against the floor of its work, as
 # whole processes with a warm page cache, and prints each figure beside its floor:
-#   cold scan  lumbra-cli scan with only the folders stored: every caption read from a header
-#   warm list  lumbra-cli list with the game list stored by a scan
+#   cold scan  lumbra-cli scan on a store that holds the game folders and no game
+#              record (written without a scan): every caption read from a header
+#   warm list  lumbra-cli list with the game list stored by a scan: no game file opened
 #   export     lumbra-cli export of the whole stored list as the plain-text table
 #   window     lumbra from exec to its main window mapped on Xvfb, which it maps only
 #              once the game list is filled
@@ -12,11 +13,14 @@
 #              PATH): every find rule of the catalogue tried, the result stored; beside
 #              the bare start of a C++ process, and under 200 ms
 # The file-system floor (lumbra-floor-scan) lists the folders and reads the header
-# bytes, nothing else; the Qt floor (lumbra-floor-window) maps a QMainWindow holding a
-# QListWidget of 1,000 lines. After one warm-up each, Lumbra and its floor take turns
-# BENCH_RUNS times (21 unless set): times are medians, peaks the highest max RSS.
-# Then where the time goes: start-up alone, the rebuild alone (timed inside
-# lumbra-bench and inside the floor), and the file-system calls per game (strace).
+# bytes, nothing else; the store floor (lumbra-floor-list) reads the store file, lists
+# the folders and prints the stored captions; the Qt floor (lumbra-floor-window) maps a
+# QMainWindow holding a QListWidget of 1,000 lines. After one warm-up each, Lumbra and
+# its floor take turns BENCH_RUNS times (21 unless set): times are medians, peaks the
+# highest max RSS. Then where the time goes: start-up alone, the rebuild alone (timed
+# inside lumbra-bench and inside the floor), the file-system calls per game (strace),
+# and the instructions per game past start-up (callgrind; they do not depend on the
+# machine's load, as times do).
 # Last, the game filter keystroke by keystroke, in process: in the core
 # (lumbra-bench-filter, beside a substring scan over folded captions) and in the main
 # window (lumbra-bench-filter-window, beside a bare list widget refilled with the
@@ -39,7 +43,8 @@ export XDG_CONFIG_HOME="$work/config" XDG_DATA_HOME="$work/data" XDG_CACHE_HOME=
 export XDG_RUNTIME_DIR="$work/runtime"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 
-# The settings stores that runs start from: empty, the folders only, a scanned list.
+# The settings stores that runs start from: empty, the folders only (no game record),
+# a scanned list.
 save_store() { cp -a "$XDG_CONFIG_HOME" "$work/$1.store"; }
 use_store() {
     rm -rf "$XDG_CONFIG_HOME"
@@ -48,7 +53,9 @@ use_store() {
 "$bin/lumbra-bench" prepare "$work/games" >/dev/null
 mkdir -p "$XDG_CONFIG_HOME"
 save_store empty
-for folder in "$work/games"/*; do "$cli" folders add "$folder" >/dev/null; done
+"$bin/lumbra-bench" folders "$work/games"
+# The first window's question about a found emulator is answered, as a player would once.
+printf '\n[Settings]\nFoundEmulatorOffered=0\n' >>"$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
 save_store folders
 "$cli" scan >/dev/null
 save_store scanned
@@ -62,6 +69,7 @@ cold_scan() { use_store folders && "$bin/lumbra-bench-time" "$cli" scan; }
 warm_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" list; }
 export_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" export --force "$work/gamelist.txt"; }
 scan_floor() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan" "$work/games"/*; }
+list_floor() { use_store scanned && "$bin/lumbra-bench-time" "$bin/lumbra-floor-list"; }
 window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; }
 shot=
 window_shot() { use_store scanned && cp "$work/huge.png" "$shot" && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; rm -f "$shot"; }
@@ -70,6 +78,7 @@ cli_start() { "$bin/lumbra-bench-time" "$cli" --help; }
 mkdir "$work/nohome" "$work/nopath"
 detect() { use_store empty && HOME="$work/nohome" PATH="$work/nopath" "$bin/lumbra-bench-time" "$cli" emulators detect; }
 floor_start() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan"; }
+qt_start() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-qt-start"; }
 cold_rebuild() { use_store empty && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
 warm_rebuild() { use_store rebuilt && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
 floor_inside() { "$bin/lumbra-floor-scan" "$work/games"/* | in_process; }
@@ -118,7 +127,7 @@ done
 export DISPLAY=":$(cat "$work/display")"
 
 turns cold_scan cold_scan scan_floor
-turns warm_list warm_list scan_floor
+turns warm_list warm_list list_floor
 turns export export_list scan_floor
 turns window window window_floor
 use_store scanned
@@ -128,6 +137,7 @@ mkdir -p "$XDG_DATA_HOME/Lumbra/snapshots"
 "$bin/lumbra-bench-picture" "$work/huge.png" 4000 3000
 turns window_shot window_shot window
 turns start cli_start floor_start
+turns qt_start qt_start floor_start
 turns detect detect floor_start
 turns cold_rebuild cold_rebuild floor_inside
 turns warm_rebuild warm_rebuild floor_inside
@@ -140,9 +150,11 @@ report "export" export
 report "window" window 1.3
 report "window+shot" window_shot 1.1
 report "detect" detect "" "" 200
-echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, the floor with no"
-echo "folder), then the rebuild alone, timed inside lumbra-bench and inside the floor."
+echo "Where the time goes, medians of $runs: start-up alone (lumbra-cli --help, and a bare"
+echo "QCoreApplication, each beside the floor with no folder), then the rebuild alone, timed"
+echo "inside lumbra-bench and inside the floor."
 report "start-up" start
+report "Qt start-up" qt_start
 report "cold rebuild" cold_rebuild
 report "warm rebuild" warm_rebuild
 
@@ -155,10 +167,38 @@ calls() { # file-system calls per game of one whole process
     strace -f -c -o "$work/strace" -e trace=%file,%desc "$@" >/dev/null
     awk '$NF == "total" { printf "%.1f", $4 / 1000 }' "$work/strace"
 }
+opens() { # openat calls of one whole process
+    strace -f -c -o "$work/strace" -e trace=openat "$@" >/dev/null
+    awk '$NF == "openat" { print $4 }' "$work/strace"
+}
 use_store folders
 scan_calls=$(calls "$cli" scan)
+use_store folders
+scan_opens=$(opens "$cli" scan)
 use_store scanned
 list_calls=$(calls "$cli" list)
 floor_calls=$(calls "$bin/lumbra-floor-scan" "$work/games"/*)
+list_floor_calls=$(calls "$bin/lumbra-floor-list")
 echo "File-system calls per game (strace, whole process):" \
-    "cold scan $scan_calls   warm list $list_calls   floor $floor_calls"
+    "cold scan $scan_calls   warm list $list_calls   scan floor $floor_calls   list floor $list_floor_calls"
+echo "openat calls of the cold scan: $scan_opens (each game file opened once)"
+
+# Instructions per game past start-up: a run less the same program's start-up alone.
+instructions() {
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null "$@" 2>&1 >/dev/null |
+        awk '/Collected :/ { print $NF }'
+}
+per_game() { awk -v run="$1" -v start="$2" 'BEGIN { printf "%.0f", (run - start) / 1000 }'; }
+cli_base=$(instructions "$cli" --help)
+floor_base=$(instructions "$bin/lumbra-floor-scan")
+use_store folders
+scan_ir=$(instructions "$cli" scan)
+use_store scanned
+list_ir=$(instructions "$cli" list)
+scan_floor_ir=$(instructions "$bin/lumbra-floor-scan" "$work/games"/*)
+list_floor_ir=$(instructions "$bin/lumbra-floor-list")
+echo "Instructions per game past start-up (callgrind): cold scan $(per_game "$scan_ir" "$cli_base")" \
+    "(floor $(per_game "$scan_floor_ir" "$floor_base"))   warm list $(per_game "$list_ir" "$cli_base")" \
+    "(floor $(per_game "$list_floor_ir" "$floor_base"));" \
+    "whole processes: cold scan $scan_ir, warm list $list_ir, start-up $cli_base;" \
+    "floors $scan_floor_ir, $list_floor_ir, start-up $floor_base"

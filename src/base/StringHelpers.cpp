@@ -45,6 +45,38 @@ QString GetField(const QString& record, int fieldNumber, const QString& delimite
     }
 }
 
+QString LowerCase(const QString& text) {
+    const char16_t* const begin = reinterpret_cast<const char16_t*>(text.constData());
+    const char16_t* const end = begin + text.size();
+    bool upper = false;
+    for (const char16_t* c = begin; c != end; ++c) {
+        if (*c >= 0x80)
+            return text.toLower();
+        upper = upper || (*c >= 'A' && *c <= 'Z');
+    }
+    if (!upper)
+        return text;
+    QString lower(text.size(), Qt::Uninitialized);
+    char16_t* write = reinterpret_cast<char16_t*>(lower.data());
+    for (const char16_t* c = begin; c != end; ++c)
+        *write++ = (*c >= 'A' && *c <= 'Z') ? static_cast<char16_t>(*c + ('a' - 'A')) : *c;
+    return lower;
+}
+
+QStringList GetFields(const QString& record, const QString& delimiter) {
+    if (delimiter.isEmpty())
+        return {};
+    const QString trimmed = TrimBlanks(record);
+    const QChar separator = delimiter.at(0);
+    QStringList fields;
+    fields.reserve(trimmed.count(separator) + 1);
+    qsizetype start = 0;
+    for (qsizetype next; (next = trimmed.indexOf(separator, start)) >= 0; start = next + 1)
+        fields.append(trimmed.sliced(start, next - start));
+    fields.append(trimmed.sliced(start));
+    return fields;
+}
+
 QString AddBackslash(const QString& path) {
     const QString trimmed = TrimBlanks(path);
     if (trimmed.isEmpty() || EndsWithSeparator(trimmed))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // 1-based position of the last occurrence of search in text (case-sensitive), 0 if none.
 int InStrLast(const QString& text, const QString& search);
@@ -14,6 +15,8 @@ bool EndsWithSeparator(const QString& path);
 // its fields are not; only the delimiter's first character counts. Out of range,
 // or with an empty delimiter, the field is empty.
 QString GetField(const QString& record, int fieldNumber, const QString& delimiter);
+// Every field of a record at once: GetField(record, n, delimiter) is the (n - 1)th.
+QStringList GetFields(const QString& record, const QString& delimiter);
 
 // The path trimmed of blanks, with the native separator appended unless it is empty
 // or already ends in a separator.
@@ -26,6 +29,10 @@ QString GetFileName(const QString& path);
 // extension when there is no dot. An empty name becomes "New File". The dot may
 // stand in a folder name: the helper does not look for the last path component.
 QString ChangeExtension(const QString& fileName, const QString& extension);
+
+// text.toLower(), without Unicode tables for plain ASCII and without a copy when
+// nothing changes: the catalogue lower-cases every name it keeps or looks up.
+QString LowerCase(const QString& text);
 
 // VB's Trim: removes leading and trailing spaces only.
 QString TrimBlanks(const QString& text);

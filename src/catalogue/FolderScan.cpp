@@ -23,20 +23,25 @@ QString ListingFolder(const QString& folder) {
 }
 
 // The patterns are all "*.extension": a suffix test is all they need.
-bool IsGameFile(const QString& name) {
+bool IsGameFile(const QString& name, const QString& lowerName) {
     static const QStringList suffixes = [] {
         QStringList list = GameFilePatterns.split(QLatin1Char(';'));
         for (QString& pattern : list)
             pattern.remove(0, 1);
         return list;
     }();
-    return std::any_of(suffixes.begin(), suffixes.end(), [&name](const QString& suffix) {
-        return name.endsWith(suffix, Qt::CaseInsensitive);
+    // A name that ends in ASCII compares in lower case; beyond ASCII, case folding
+    // may match where lower case does not ("ſ" and "s").
+    const bool asciiEnd = std::all_of(name.end() - std::min<qsizetype>(name.size(), 4), name.end(),
+                                      [](QChar c) { return c.unicode() < 0x80; });
+    return std::any_of(suffixes.begin(), suffixes.end(), [&](const QString& suffix) {
+        return asciiEnd ? lowerName.endsWith(suffix) : name.endsWith(suffix, Qt::CaseInsensitive);
     });
 }
 
 struct FolderListing {
-    QStringList Files;
+    QString Resolved; // the folder as it exists, ending in a separator
+    std::vector<std::pair<QString, QString>> Files; // lower-case name, name
     QStringList LeftOut; // log lines, written after the folder's own line
     ScanReport Report;
 };
@@ -46,13 +51,13 @@ struct FolderListing {
 // apart, one stays: the file that the path resolver finds for them.
 FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
     FolderListing listing;
-    const QString resolved =
+    listing.Resolved =
         resolver.Resolve(EndsWithSeparator(folder) ? folder : folder + QLatin1Char('/'));
-    if (resolved.isEmpty())
+    if (listing.Resolved.isEmpty())
         return listing;
     std::vector<std::pair<QString, QString>> games; // lower-case name, name
-    for (const PathResolver::Entry& entry : resolver.Entries(resolved)) {
-        if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name))
+    for (const PathResolver::Entry& entry : resolver.Entries(listing.Resolved)) {
+        if (!entry.IsFile || entry.IsHidden || !IsGameFile(entry.Name, entry.LowerName))
             continue;
         if (entry.IsUndecodable) {
             ++listing.Report.LeftOutNames;
@@ -60,7 +65,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
                 QStringLiteral("Left out a file whose name is not valid UTF-8: ") + entry.Name);
             continue;
         }
-        games.emplace_back(entry.Name.toLower(), entry.Name);
+        games.emplace_back(entry.LowerName, entry.Name);
     }
     std::sort(games.begin(), games.end());
     for (auto group = games.begin(); group != games.end();) {
@@ -71,7 +76,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
         const auto kept =
             std::find_if(group, end, [](const auto& game) { return game.first == game.second; });
         const QString& name = (kept != end ? kept : group)->second;
-        listing.Files.append(name);
+        listing.Files.emplace_back(group->first, name);
         for (auto twin = group; twin != end; ++twin) {
             if (twin->second == name)
                 continue;
@@ -97,27 +102,35 @@ ScanReport GameList_ImportFileList(AppState& state, const QString& folder, PathR
 
     const QString listingFolder = ListingFolder(folder);
     FolderListing listing = ListGameFiles(listingFolder, resolver);
-    const QStringList& files = listing.Files;
+    const auto& files = listing.Files;
     const int folderIndex = state.GameFolders.FindGameFolderIndex(folder);
     if (folderIndex >= 0)
         state.GameFolders.Entries[folderIndex].RomCount = static_cast<qint16>(files.size());
+    const qsizetype fileCount = static_cast<qsizetype>(files.size());
 
     // The separator is appended unconditionally, so a root folder ends in two.
-    const QString recordFolder = listingFolder.toLower() + QDir::separator();
+    const QString recordFolder = LowerCase(listingFolder) + QDir::separator();
+    // The records' lower-case folder names the listed one unless another folder
+    // differs from it in letter case only; then each game is looked up as before.
+    const bool sameFolder = resolver.Resolve(recordFolder) == listing.Resolved;
     GameList& games = state.Games;
     int slot = games.Count(); // the list is packed: each file takes the next free slot
-    for (qsizetype i = 0; i < files.size(); ++i, ++slot) {
+    for (qsizetype i = 0; i < fileCount; ++i, ++slot) {
         if (slot >= GameList::Capacity) {
             LogError(SubscriptOutOfRange, QStringLiteral("GameList_ImportFileList"));
-            listing.Report.LeftOutFull = static_cast<int>(files.size() - i);
+            listing.Report.LeftOutFull = static_cast<int>(fileCount - i);
             LogLeftOut(listing.LeftOut);
             return listing.Report;
         }
         GameRecord& record = games.Records[slot];
         record.Group = FixedGroup;
         record.Folder = recordFolder;
-        record.Filename = files[i].toLower();
+        const auto& [lowerName, name] = files[static_cast<std::size_t>(i)];
+        record.Filename = lowerName;
         record.Caption = record.Filename;
+        // Opening the game later in this operation needs no look-up of its name.
+        if (sameFolder)
+            resolver.Remember(recordFolder + lowerName, listing.Resolved + name);
         record.Emulator = QStringLiteral("Default");
         record.Profile = QStringLiteral("Default");
         // Deliberately -1 (true), not the 1 that the settings dialog stores.

@@ -1,6 +1,7 @@
 #include "catalogue/GameList.h"
 
 #include "base/EventLog.h"
+#include "base/StringHelpers.h"
 
 #include <QHash>
 #include <algorithm>
@@ -44,18 +45,23 @@ void GameList::TagDuplicates() {
     // when reached, tag included. Rather than comparing every pair, the records not
     // reached yet are kept by lower-case caption, in list order.
     QHash<QString, std::vector<int>> holders;
-    for (int i = 0; i <= last; ++i)
-        holders[Records[i].Caption.toLower()].push_back(i);
+    std::vector<QString> lowerCaptions(static_cast<std::size_t>(last) + 1);
+    for (int i = 0; i <= last; ++i) {
+        lowerCaptions[static_cast<std::size_t>(i)] = LowerCase(Records[i].Caption);
+        holders[lowerCaptions[static_cast<std::size_t>(i)]].push_back(i);
+    }
     bool found = false;
     for (int i = 0; i < last; ++i) {
-        std::vector<int>& same = holders[Records[i].Caption.toLower()];
+        std::vector<int>& same = holders[lowerCaptions[static_cast<std::size_t>(i)]];
         // Every earlier record has left its list, so record i comes first in its own.
         const std::vector<int> later(same.begin() + 1, same.end());
         same.clear();
         int copy = 2;
         for (const int j : later) {
             Records[j].Caption += QStringLiteral(" (") + QString::number(copy++) + QLatin1Char(')');
-            std::vector<int>& tagged = holders[Records[j].Caption.toLower()];
+            QString& lower = lowerCaptions[static_cast<std::size_t>(j)];
+            lower = LowerCase(Records[j].Caption);
+            std::vector<int>& tagged = holders[lower];
             tagged.insert(std::lower_bound(tagged.begin(), tagged.end(), j), j);
             found = true;
         }

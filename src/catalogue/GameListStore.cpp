@@ -18,9 +18,22 @@ namespace {
 
 const QString Delimiter = QStringLiteral(";");
 
-QString GameSection(const GameRecord& record) {
-    return QStringLiteral("Game List\\") + record.Folder.toLower();
-}
+// The store section of a record's folder. The records of one folder stand in a
+// row, so a run of them makes the name once.
+class GameSections {
+public:
+    const QString& Of(const GameRecord& record) {
+        if (m_section.isNull() || record.Folder != m_folder) {
+            m_folder = record.Folder;
+            m_section = QStringLiteral("Game List\\") + LowerCase(record.Folder);
+        }
+        return m_section;
+    }
+
+private:
+    QString m_folder;
+    QString m_section;
+};
 
 // Caption;Group;Emulator;Profile, and the two extraction names only when both are set.
 QString StoredValue(const GameRecord& record) {
@@ -35,22 +48,24 @@ void ImportFromStore(AppState& state, Progress& progress, PathResolver& resolver
     LogEvent(QStringLiteral("Importing GameList from: Registry..."));
     GameList& games = state.Games;
     progress.SetMaximum(games.FindGame(QStringLiteral("filename"), QString()) - 1);
+    GameSections sections;
     for (int i = 0; i < GameList::Capacity && !games.Records[i].Filename.isEmpty(); ++i) {
         GameRecord& record = games.Records[i];
-        const QString value = state.Store.Read(GameSection(record), record.Filename.toLower());
+        const QString value = state.Store.Read(sections.Of(record), LowerCase(record.Filename));
         if (value.isEmpty()) {
             record.Caption = GetRomCaption(record.Folder + record.Filename,
                                            state.Options.UseBaseFilenames, resolver);
         } else {
-            record.Caption = GetField(value, 1, Delimiter);
-            record.Group = GetField(value, 2, Delimiter);
+            const QStringList fields = GetFields(value, Delimiter);
+            record.Caption = fields.value(0);
+            record.Group = fields.value(1);
             // An empty name would find a free entry, not a group.
             if (record.Group.isEmpty() || state.Groups.FindGroup(record.Group) < 0)
                 record.Group = FixedGroup;
-            record.Emulator = GetField(value, 3, Delimiter);
-            record.Profile = GetField(value, 4, Delimiter);
-            record.ExtractedShortName = GetField(value, 5, Delimiter);
-            record.ExtractedFile = GetField(value, 6, Delimiter);
+            record.Emulator = fields.value(2);
+            record.Profile = fields.value(3);
+            record.ExtractedShortName = fields.value(4);
+            record.ExtractedFile = fields.value(5);
         }
         progress.SetValue(i);
     }
@@ -59,10 +74,11 @@ void ImportFromStore(AppState& state, Progress& progress, PathResolver& resolver
 
 void ExportToStore(AppState& state) {
     LogEvent(QStringLiteral("Exporting GameList to: Registry..."));
+    GameSections sections;
     for (const GameRecord& record : state.Games.Records) {
         if (record.Filename.isEmpty())
             break;
-        state.Store.Write(GameSection(record), record.Filename.toLower(), StoredValue(record));
+        state.Store.Write(sections.Of(record), LowerCase(record.Filename), StoredValue(record));
     }
     state.Store.Sync();
     LogEvent(QStringLiteral("Done."), true);

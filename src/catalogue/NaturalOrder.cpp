@@ -2,6 +2,8 @@
 
 #include "catalogue/FoldedText.h"
 
+#include <algorithm>
+
 namespace {
 
 bool IsDigit(QChar c) {
@@ -34,8 +36,16 @@ int CompareNumbers(QStringView a, QStringView b) {
 } // namespace
 
 int NaturalCompareFolded(QStringView a, QStringView b) {
-    qsizetype i = 0;
-    qsizetype j = 0;
+    // A common beginning compares equal; the scan starts at its last run of digits,
+    // which may go on differently in each text.
+    const qsizetype shorter = std::min(a.size(), b.size());
+    qsizetype same = 0;
+    while (same < shorter && a[same] == b[same])
+        ++same;
+    while (same > 0 && IsDigit(a[same - 1]))
+        --same;
+    qsizetype i = same;
+    qsizetype j = same;
     while (i < a.size() && j < b.size()) {
         if (IsDigit(a[i]) && IsDigit(b[j])) {
             const qsizetype endA = DigitsEnd(a, i);

@@ -1,21 +1,17 @@
 #include "config/SettingsStore.h"
 
-#include "config/AbandonedLock.h"
-#include "config/SaveFileLeftovers.h"
+#include "config/StoreFile.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QSettings>
 #include <QStandardPaths>
-#include <QTemporaryFile>
-
 #include <algorithm>
 
 namespace {
 
-// QSettings splits groups and keys at "/", which every Linux folder path holds.
-// Escaping "/" (and the escape character itself) keeps each text one group or key.
+// The file's names split at "/", which every Linux folder path holds. Escaping "/"
+// (and the escape character itself) keeps each text one section or key name.
 QString Encode(const QString& text) {
+    if (!text.contains(QLatin1Char('%')) && !text.contains(QLatin1Char('/')))
+        return text;
     QString encoded = text;
     encoded.replace(QLatin1Char('%'), QStringLiteral("%25"));
     encoded.replace(QLatin1Char('/'), QStringLiteral("%2F"));
@@ -23,81 +19,111 @@ QString Encode(const QString& text) {
 }
 
 QString Decode(const QString& text) {
+    if (!text.contains(QLatin1Char('%')))
+        return text;
     QString decoded = text;
     decoded.replace(QStringLiteral("%2F"), QStringLiteral("/"));
     decoded.replace(QStringLiteral("%25"), QStringLiteral("%"));
     return decoded;
 }
 
-QString FullKey(const QString& section, const QString& key) {
-    return Encode(section) + QLatin1Char('/') + Encode(key);
+// Where QSettings keeps the per-user store of the application in its native form:
+// "$XDG_CONFIG_HOME/Lumbra/Lumbra.conf" on Linux.
+QString StorePath(const QString& application) {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QLatin1Char('/') + application + QLatin1Char('/') + application +
+           QStringLiteral(".conf");
 }
 
-// QSettings reports only that a write failed. Writing a file of the store's size
-// beside it, as QSettings does, fails the same way and gives the system's reason.
-QString WhyNotWritable(const QString& storeFile) {
-    const QFileInfo info(storeFile);
-    if (!QDir().mkpath(info.absolutePath()))
-        return QStringLiteral("its folder cannot be made");
-    QTemporaryFile probe(info.absolutePath() + QStringLiteral("/.") + info.fileName() +
-                         QStringLiteral(".probe-XXXXXX"));
-    if (!probe.open())
-        return probe.errorString();
-    const QByteArray bytes(std::max<qint64>(info.size(), 4096), '\n');
-    if (probe.write(bytes) != bytes.size() || !probe.flush())
-        return probe.errorString();
-    return QStringLiteral("the file could not be written");
+// An empty section or key name folds into the other, as QSettings folds the "/"
+// between them away: the pair names a key of the General part.
+std::pair<QString, QString> FileName(const QString& fileSection, const QString& key) {
+    const QString encodedKey = Encode(key);
+    if (!fileSection.isEmpty() && !encodedKey.isEmpty())
+        return {fileSection, encodedKey};
+    return {QString(), fileSection + encodedKey};
 }
 
 } // namespace
 
-SettingsStore::SettingsStore(const QString& application) : m_application(application) {}
+SettingsStore::SettingsStore(const QString& application) : m_path(StorePath(application)) {}
 
-QSettings& SettingsStore::File() const {
-    if (!m_settings)
-        m_settings = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
-                                                 m_application, m_application);
-    return *m_settings;
+StoreFile& SettingsStore::File() const {
+    if (!m_file)
+        m_file = StoreFile::Open(m_path);
+    return *m_file;
 }
 
-SettingsStore::~SettingsStore() = default;
+// Changes not synced yet are saved when the store goes, as QSettings saves them.
+SettingsStore::~SettingsStore() {
+    if (m_file && m_file->HasUnsavedChanges())
+        WriteFile();
+}
+
+const QString& SettingsStore::FileSection(const QString& section) const {
+    if (section != m_lastSection || m_lastFileSection.isNull()) {
+        m_lastSection = section;
+        m_lastFileSection = Encode(section);
+        if (m_lastFileSection.isNull())
+            m_lastFileSection = QStringLiteral("");
+    }
+    return m_lastFileSection;
+}
 
 QString SettingsStore::Read(const QString& section, const QString& key,
                             const QString& defaultValue) const {
-    const QVariant value = File().value(FullKey(section, key));
-    return value.isValid() ? value.toString() : defaultValue;
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    const StoreValue* value = File().Find(fileSection, fileKey);
+    return value && !IsAbsentValue(*value) ? TextOfValue(*value) : defaultValue;
 }
 
 bool SettingsStore::Contains(const QString& section, const QString& key) const {
-    return File().contains(FullKey(section, key));
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    return File().Find(fileSection, fileKey) != nullptr;
 }
 
 void SettingsStore::Write(const QString& section, const QString& key, const QString& value) {
-    File().setValue(FullKey(section, key), value);
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    File().Set(fileSection, fileKey, ValueOfText(value));
 }
 
 void SettingsStore::Remove(const QString& section, const QString& key) {
-    File().remove(FullKey(section, key));
+    const auto [fileSection, fileKey] = FileName(FileSection(section), key);
+    // A name of the General part also names the section of that name, as in QSettings.
+    if (fileSection.isEmpty())
+        File().RemoveSection(fileKey);
+    else
+        File().Remove(fileSection, fileKey);
 }
 
 void SettingsStore::DeleteSection(const QString& section) {
-    File().remove(Encode(section));
+    File().RemoveSection(FileSection(section));
 }
 
 QList<std::pair<QString, QString>> SettingsStore::ListSection(const QString& section) const {
     QList<std::pair<QString, QString>> pairs;
-    File().beginGroup(Encode(section));
-    const QStringList keys = File().childKeys();
-    for (const QString& key : keys)
-        pairs.append({Decode(key), File().value(key).toString()});
-    File().endGroup();
+    const StoreSection found = File().Content().value(FileSection(section));
+    QStringList keys = found.keys();
+    std::sort(keys.begin(), keys.end());
+    for (const QString& key : std::as_const(keys)) {
+        // A key under a further "/" belongs to a subsection, not to this one.
+        if (!key.contains(QLatin1Char('/')))
+            pairs.append({Decode(key), TextOfValue(found.value(key))});
+    }
     return pairs;
 }
 
 QStringList SettingsStore::Sections() const {
+    QStringList names;
+    const StoreContent& content = File().Content();
+    for (auto it = content.cbegin(); it != content.cend(); ++it) {
+        if (!it.key().isEmpty() && !it->isEmpty())
+            names.append(it.key());
+    }
+    std::sort(names.begin(), names.end());
     QStringList sections;
-    for (const QString& group : File().childGroups())
-        sections.append(Decode(group));
+    for (const QString& name : std::as_const(names))
+        sections.append(Decode(name));
     return sections;
 }
 
@@ -110,15 +136,11 @@ void SettingsStore::Sync() {
 
 void SettingsStore::WriteFile() {
     m_syncDue = false;
-    // QSettings takes "<file>.lock" for a write and waits for a lock that a killed
-    // process left behind until it has aged, about half a minute.
-    RemoveAbandonedLock(File().fileName() + QStringLiteral(".lock"));
-    RemoveSaveFileLeftovers(File().fileName());
-    File().sync();
+    QString reason;
     m_writeError.clear();
-    if (File().status() != QSettings::NoError)
-        m_writeError = QStringLiteral("Could not save the settings to ") + FilePath() +
-                       QStringLiteral(": ") + WhyNotWritable(FilePath());
+    if (!File().Save(reason))
+        m_writeError = QStringLiteral("Could not save the settings to ") + m_path +
+                       QStringLiteral(": ") + reason;
 }
 
 SettingsStore::Batch::Batch(SettingsStore& store) : m_store(store) {
@@ -131,18 +153,10 @@ SettingsStore::Batch::~Batch() {
 }
 
 void SettingsStore::Clear() {
-    File().clear();
+    File().Clear();
     WriteFile();
 }
 
 QString SettingsStore::FilePath() const {
-#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
-    // Where QSettings keeps the store, named without opening it: the writer lock
-    // is taken on this path before anything is read.
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QLatin1Char('/') + m_application + QLatin1Char('/') + m_application +
-           QStringLiteral(".conf");
-#else
-    return File().fileName();
-#endif
+    return m_path;
 }

@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-class QSettings;
+class StoreFile;
 
 // The key of a stored list's entry: its index written with two digits, "00" to "99".
 inline QString IndexKey(int index) {
@@ -61,14 +61,17 @@ public:
 
 private:
     void WriteFile();
+    // The section's name in the file; a run of writes to one section names it once.
+    const QString& FileSection(const QString& section) const;
 
-    QString m_application;
     // Opened on first use, so that a writer that takes the writer lock first reads
-    // the store as the last writer left it. QSettings keeps each file it read for
-    // the process's life and reads it again only when its size or time changed,
-    // which two quick writes of the same size need not do.
-    QSettings& File() const;
-    mutable std::unique_ptr<QSettings> m_settings;
+    // the store as the last writer left it.
+    StoreFile& File() const;
+
+    QString m_path;
+    mutable std::shared_ptr<StoreFile> m_file;
+    mutable QString m_lastSection;
+    mutable QString m_lastFileSection;
     QString m_writeError;
     int m_batchDepth = 0;
     bool m_syncDue = false;

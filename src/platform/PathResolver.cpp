@@ -1,5 +1,7 @@
 #include "platform/PathResolver.h"
 
+#include "base/StringHelpers.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -48,7 +50,7 @@ QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
             isFile =
                 ::fstatat(::dirfd(dir), entry->d_name, &target, 0) == 0 && S_ISREG(target.st_mode);
         }
-        entries.append({name, isFile, raw.startsWith('.'), utf8.hasError()});
+        entries.append({name, isFile, raw.startsWith('.'), utf8.hasError(), LowerCase(name)});
     }
     ::closedir(dir);
     return entries;
@@ -63,28 +65,18 @@ QList<PathResolver::Entry> PathResolver::ReadFolder(const QString& folder) {
     while (it.hasNext()) {
         it.next();
         const QFileInfo info = it.fileInfo();
-        entries.append({info.fileName(), info.isFile(), info.isHidden(), false});
+        entries.append(
+            {info.fileName(), info.isFile(), info.isHidden(), false, LowerCase(info.fileName())});
     }
     return entries;
 }
 
 #endif
 
-const PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
+PathResolver::Listing& PathResolver::ListFolder(const QString& folder) {
     auto it = m_listings.find(folder);
-    if (it == m_listings.end()) {
-        Listing listing;
-        listing.Entries = ReadFolder(folder);
-        for (const Entry& entry : std::as_const(listing.Entries)) {
-            if (entry.IsUndecodable)
-                continue;
-            listing.Names.insert(entry.Name);
-            QString& first = listing.ByLowerName[entry.Name.toLower()];
-            if (first.isEmpty() || entry.Name < first)
-                first = entry.Name;
-        }
-        it = m_listings.insert(folder, listing);
-    }
+    if (it == m_listings.end())
+        it = m_listings.insert(folder, Listing{ReadFolder(folder), false, {}, {}});
     return *it;
 }
 
@@ -99,10 +91,21 @@ QString PathResolver::Match(const QString& folder, const QString& name) {
     // parents of a game folder are mostly spelled right, its files mostly not.
     if (!m_listings.contains(folder) && QFileInfo::exists(folder + name))
         return name;
-    const Listing& listing = ListFolder(folder);
+    Listing& listing = ListFolder(folder);
+    if (!listing.Indexed) {
+        for (const Entry& entry : std::as_const(listing.Entries)) {
+            if (entry.IsUndecodable)
+                continue;
+            listing.Names.insert(entry.Name);
+            QString& first = listing.ByLowerName[entry.LowerName];
+            if (first.isEmpty() || entry.Name < first)
+                first = entry.Name;
+        }
+        listing.Indexed = true;
+    }
     if (listing.Names.contains(name))
         return name;
-    return listing.ByLowerName.value(name.toLower());
+    return listing.ByLowerName.value(LowerCase(name));
 }
 
 // folder ends in "/" (or is empty for the current folder); so does the result.
@@ -127,7 +130,14 @@ QString PathResolver::ResolveFolder(const QString& folder) {
     return resolved;
 }
 
+void PathResolver::Remember(const QString& path, const QString& resolved) {
+    m_remembered.insert(path, resolved);
+}
+
 QString PathResolver::Resolve(const QString& path) {
+    const auto remembered = m_remembered.constFind(path);
+    if (remembered != m_remembered.constEnd())
+        return *remembered;
     if (path.trimmed().isEmpty())
         return QString();
     QString normalized = WithForwardSlashes(path);

@@ -19,6 +19,9 @@ public:
     QString ResolveOrKeep(const QString& path);
     bool Exists(const QString& path) { return !Resolve(path).isEmpty(); }
     bool IsFile(const QString& path);
+    // Notes that path names the existing resolved path, so that resolving it later
+    // in the operation takes no look-up: the scan knows each game's file.
+    void Remember(const QString& path, const QString& resolved);
 
     struct Entry {
         QString Name;
@@ -27,6 +30,7 @@ public:
         // The name is not valid UTF-8: Name shows it with U+FFFD, and no path made
         // from that text reaches the file.
         bool IsUndecodable = false;
+        QString LowerName; // Name in lower case
     };
     // The entries of a resolved folder (ending in a separator), listed once per
     // resolver and kept for the later resolutions in it.
@@ -35,11 +39,12 @@ public:
 private:
     struct Listing {
         QList<Entry> Entries;
+        bool Indexed = false; // Names and ByLowerName filled, on the first look-up
         QSet<QString> Names;
         QHash<QString, QString> ByLowerName; // the first name in sorted order
     };
 
-    const Listing& ListFolder(const QString& folder);
+    Listing& ListFolder(const QString& folder);
     static QList<Entry> ReadFolder(const QString& folder);
     // The folder's entry that name means, or an empty text.
     QString Match(const QString& folder, const QString& name);
@@ -47,6 +52,7 @@ private:
 
     QHash<QString, Listing> m_listings;
     QHash<QString, QString> m_folders;
+    QHash<QString, QString> m_remembered;
 };
 
 // One-off resolution with a fresh cache.

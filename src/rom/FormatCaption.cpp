@@ -3,6 +3,7 @@
 #include "base/StringHelpers.h"
 
 #include <QSet>
+#include <algorithm>
 
 namespace {
 
@@ -29,26 +30,49 @@ const QSet<QString>& WordsKeptUpper() {
 
 // Blanks for control characters and "_", runs of blanks shrunk to one.
 QString BlankedText(const QString& text) {
-    QString result;
-    result.reserve(text.size());
+    QString result(text.size(), Qt::Uninitialized);
+    QChar* const begin = result.data();
+    QChar* write = begin;
     for (const QChar c : text) {
         const bool blank = BecomesBlank(c) || c == QLatin1Char(' ');
         if (!blank)
-            result += c;
-        else if (!result.endsWith(QLatin1Char(' ')))
-            result += QLatin1Char(' ');
+            *write++ = c;
+        else if (write == begin || write[-1] != QLatin1Char(' '))
+            *write++ = QLatin1Char(' ');
     }
+    result.truncate(write - begin);
     return result;
+}
+
+// Whether the word is one of those kept in capitals, with the word in capitals in
+// upper. Plain ASCII is raised in place; other letters may raise to ASCII ones.
+bool KeptUpper(QStringView word, QString& upper) {
+    const bool ascii =
+        std::all_of(word.begin(), word.end(), [](QChar c) { return c.unicode() < 0x80; });
+    if (!ascii) {
+        upper = word.toString().toUpper();
+    } else {
+        upper.resize(word.size());
+        QChar* write = upper.data();
+        for (const QChar c : word)
+            *write++ = c >= QLatin1Char('a') && c <= QLatin1Char('z')
+                           ? QChar(c.unicode() - ('a' - 'A'))
+                           : c;
+    }
+    return upper.size() == word.size() && WordsKeptUpper().contains(upper);
 }
 
 } // namespace
 
 QString FormatCaption(const QString& text) {
-    QString caption = TrimBlanks(BlankedText(text)).toLower();
+    QString caption = LowerCase(TrimBlanks(BlankedText(text)));
+    QChar* const chars = caption.data();
+    const qsizetype size = caption.size();
+    QString upper;
     bool atWordStart = true;
     qsizetype i = 0;
-    while (i < caption.size()) {
-        const QChar c = caption.at(i);
+    while (i < size) {
+        const QChar c = chars[i];
         if (!c.isLetterOrNumber()) {
             if (StartsWord(c))
                 atWordStart = true;
@@ -58,13 +82,13 @@ QString FormatCaption(const QString& text) {
             continue;
         }
         qsizetype end = i + 1;
-        while (end < caption.size() && caption.at(end).isLetterOrNumber())
+        while (end < size && chars[end].isLetterOrNumber())
             ++end;
-        const QString upper = caption.mid(i, end - i).toUpper();
-        if (upper.size() == end - i && WordsKeptUpper().contains(upper))
-            caption.replace(i, end - i, upper);
+        // The words kept in capitals are short; a longer word needs no look-up.
+        if (end - i <= 4 && KeptUpper(QStringView(chars + i, end - i), upper))
+            std::copy(upper.cbegin(), upper.cend(), chars + i);
         else if (atWordStart && c.isLetter())
-            caption[i] = c.toUpper();
+            chars[i] = c.toUpper();
         atWordStart = false;
         i = end;
     }

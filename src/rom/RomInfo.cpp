@@ -297,10 +297,15 @@ QByteArray ReadBytesAt(QIODevice& file, qint64 offset, int count) {
 }
 
 qint64 FindHeaderPosition(QIODevice& file) {
+    return FindHeaderPosition(
+        [&file](qint64 offset, int count) { return ReadBytesAt(file, offset, count); });
+}
+
+qint64 FindHeaderPosition(const std::function<QByteArray(qint64 offset, int count)>& readAt) {
     std::size_t i = 0;
     while (i < HeaderCandidates.size()) {
         const qint64 candidate = HeaderCandidates[i];
-        const QByteArray pair = ReadBytesAt(file, candidate + ProbeChecksumOffset, 4);
+        const QByteArray pair = readAt(candidate + ProbeChecksumOffset, 4);
         const auto byteAt = [&pair](int index) { return static_cast<quint8>(pair[index]); };
         const quint16 complement = HexPair(byteAt(0), byteAt(1));
         const quint16 checksum = HexPair(byteAt(2), byteAt(3));

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QtGlobal>
 #include <array>
+#include <functional>
 
 class QIODevice;
 
@@ -55,6 +56,8 @@ private:
 // 1-based position of the first title byte, or 0 when the probe finds no header.
 // Candidates 0x81C0, 0x7FC0 and 0x101C0; missing bytes of a short file read as 0.
 qint64 FindHeaderPosition(QIODevice& file);
+// The same probe over any reader of count bytes at offset (zeros past the end).
+qint64 FindHeaderPosition(const std::function<QByteArray(qint64 offset, int count)>& readAt);
 
 // count bytes from the 0-based offset; bytes past the end of the file read as 0.
 QByteArray ReadBytesAt(QIODevice& file, qint64 offset, int count);

@@ -16,8 +16,17 @@ TEST(StringHelpers, FieldsPositionsAndPaths) {
         {"a;b;c", 2, ";", "b"}, {"  a;b  ", 2, ";", "b"}, {"a; b ;c", 2, ";", " b "},
         {"a;b;", 3, ";", ""},   {"a;b", 3, ";", ""},      {"a;b", 0, ";", ""},
         {"a;b", 1, "", ""},     {"a,b;c", 2, ",;", "b;c"}};
-    for (const auto& [record, number, delimiters, field] : fields)
+    for (const auto& [record, number, delimiters, field] : fields) {
         EXPECT_EQ(GetField(record, number, delimiters), field) << record << " " << number;
+        // All fields at once give the same fields.
+        if (number > 0)
+            EXPECT_EQ(GetFields(record, delimiters).value(number - 1), field) << record;
+    }
+
+    // Lower case as QString::toLower gives it, beyond ASCII too.
+    for (const char* text :
+         {"", "game 0001.smc", "Game 0001.SMC", "@[Z]`{A}", "ÉCOLE.SFC", "İstanbul", "ΣΑΣ"})
+        EXPECT_EQ(LowerCase(QString::fromUtf8(text)), QString::fromUtf8(text).toLower()) << text;
 
     EXPECT_EQ(InStrLast("C:\\a\\b.smc", "\\"), 5);
     EXPECT_EQ(InStrLast("b.smc", "\\"), 0);

@@ -41,6 +41,9 @@ TEST(NaturalOrderTest, IgnoresCaseAndAccentsAndCountsDigitRunsAsNumbers) {
     // Numbers longer than any machine integer, and leading zeros.
     EXPECT_LT(NaturalCompare(u"Disc 99999999999999999999", u"Disc 100000000000000000000"), 0);
     EXPECT_LT(NaturalCompare(u"Level 009", u"Level 10"), 0);
+    // A number that begins alike in both texts is still read whole.
+    EXPECT_LT(NaturalCompare(u"Game 12", u"Game 102"), 0);
+    EXPECT_GT(NaturalCompare(u"Game 9 (10)", u"Game 9 (2)"), 0);
     // Texts equal but for case, accents or zeros still have one fixed order, both ways.
     const std::pair<QString, QString> nearlySame[] = {
         {"mario", "Mario"}, {"Game 7", "Game 007"}, {"Éclair", "Eclair"}};

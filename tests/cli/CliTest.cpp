@@ -297,4 +297,21 @@ TEST_F(CliTest, ExportWritesTheChosenGamesAndNeverReplacesAFileUnasked) {
         EXPECT_EQ(Run(wrong).ExitCode, 2) << wrong.join(' ').toStdString();
 }
 
+// This process keeps the store it read; a command is another process that writes it.
+TEST_F(CliTest, AStoreReadsACommandsChangeWhenOpenedOrSavedAndKeepsItsOwn) {
+    EXPECT_EQ(m_state.Store.Read("Settings", "DefaultEmulator", "unset"), "unset");
+    ASSERT_EQ(Run({"config", "set", "DefaultEmulator", "Snes9X"}).ExitCode, 0);
+    EXPECT_EQ(SettingsStore().Read("Settings", "DefaultEmulator"), "Snes9X");
+    EXPECT_EQ(m_state.Store.Read("Settings", "DefaultEmulator"), "Snes9X"); // one copy
+
+    // A change not saved yet is laid over what a command wrote meanwhile.
+    m_state.Store.Write("Settings", "SPC_App", "mine.exe;");
+    ASSERT_EQ(Run({"config", "set", "DefaultEmulator", "Nlke"}).ExitCode, 0);
+    m_state.Store.Sync();
+    const QByteArray saved = ReadFile(m_state.Store.FilePath());
+    EXPECT_TRUE(saved.contains("DefaultEmulator=Nlke\n")) << saved.constData();
+    EXPECT_TRUE(saved.contains("SPC_App=\"mine.exe;\"\n")) << saved.constData();
+    EXPECT_EQ(Run({"config", "get", "SPC_App"}).Out, "mine.exe;\n");
+}
+
 } // namespace

@@ -122,7 +122,9 @@ TEST_F(LaunchEmuTest, ShellModeCountsOnlyTheStartAndTheGamesOwnLaunchFilesWin) {
     WriteFile("My Games/Super Game.bat", note);
     WriteFile("My Games/SUPER GAME.PIF", note);
     ASSERT_EQ(Launch("super game.smc"), LaunchEnd::Ended);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return QFile::exists(TempPath("ran")); }, 60000));
+    // The shell makes the file before it writes the line: wait for the whole line.
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return ReadFile(TempPath("ran")).endsWith('\n'); }, 60000));
     EXPECT_TRUE(ReadFile(TempPath("ran")).endsWith(".pif\n"));
     EXPECT_FALSE(m_snes9x.Ran());
     m_state.Options.RomBatchFileSupport = 0;

@@ -15,6 +15,9 @@ TEST(FormatCaption, CapitalisesWordsAndKeepsAbbreviations) {
         {"rocky-i ii ff-iii vii ffx nbajam", "Rocky-I II FF-III VII Ffx Nbajam"},
         {"NBA'S DON'T PULL 'EM NHL '94", "NBA's Don't Pull 'em NHL '94"},
         {"3RD WORLD 2ND-ROUND 4x4", "3rd World 2nd-round 4x4"},
+        // A word raised to one of those kept in capitals counts, letters beyond ASCII too.
+        {QStringLiteral(u"\u0131\u0131 \u0131\u0131\u0131\u0131\u0131"),
+         QStringLiteral(u"II I\u0131\u0131\u0131\u0131")},
         {"", ""},
         {QString(21, QChar(0)) + " \t\r\n_\x7F  ", ""}};
     for (const auto& [text, caption] : cases)
