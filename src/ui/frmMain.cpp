@@ -11,6 +11,7 @@
 #include "catalogue/ScanReport.h"
 #include "launch/Launcher.h"
 #include "platform/OsHelpers.h"
+#include "platform/PathResolver.h"
 #include "snapshots/Snapshot.h"
 #include "ui/BusyPointer.h"
 #include "ui/FindGameField.h"
@@ -413,10 +414,12 @@ void frmMain::UpdateStatusBar() {
     if (const QString typed = m_txtFilter->text().simplified(); !typed.isEmpty())
         text += QStringLiteral(" matching \"") + typed + QLatin1Char('"');
     if (m_selectedGame >= 0 && m_lstGameList->currentItem()) {
+        // The path comes last, as the real file spells it: a narrow window cuts it first.
         const GameRecord& game = m_state.Games.Records[m_selectedGame];
-        text += QStringLiteral("   |   ") + game.Folder + game.Filename;
         text +=
             QStringLiteral("   |   ") + PlayStatisticsText(ReadPlayStatistics(m_state.Store, game));
+        text +=
+            QStringLiteral("   |   ") + PathResolver().ResolveOrKeep(game.Folder + game.Filename);
     }
     m_stbStatusBar->showMessage(text);
 }

@@ -19,8 +19,9 @@ TEST(StringHelpers, FieldsPositionsAndPaths) {
     for (const auto& [record, number, delimiters, field] : fields) {
         EXPECT_EQ(GetField(record, number, delimiters), field) << record << " " << number;
         // All fields at once give the same fields.
-        if (number > 0)
+        if (number > 0) {
             EXPECT_EQ(GetFields(record, delimiters).value(number - 1), field) << record;
+        }
     }
 
     // Lower case as QString::toLower gives it, beyond ASCII too.

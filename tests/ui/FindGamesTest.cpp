@@ -105,9 +105,9 @@ TEST_F(FindGamesTest, TheSelectedGamesPlayStatisticsShowBelowAndInItsInformation
     Start();
     // The text itself is the play statistics' own; the time is shown in local time.
     ClickLine(List(), static_cast<int>(Listed().indexOf("Super Mario Kart")));
-    EXPECT_TRUE(Status().endsWith("kart.smc   |   Never played")) << Status().toStdString();
+    EXPECT_EQ(Status().section("   |   ", 1), "Never played   |   " + TempPath("Games/kart.smc"));
     ClickLine(List(), static_cast<int>(Listed().indexOf("Zelda")));
-    const QString zelda = Status().section("zelda.smc   |   ", 1);
+    const QString zelda = Status().section("   |   ", 1, 1);
     EXPECT_TRUE(zelda.startsWith("Played 3 times, last on 2026-11-") &&
                 zelda.endsWith(", for 1 h 30 min"))
         << Status().toStdString();
