@@ -31,21 +31,12 @@ qint64 NowNs() {
     return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
 }
 
-class SilentPrompts final : public Prompts {
+class SilentPrompts final : public PromptsWithoutDialogs {
 public:
     PromptAnswer Message(const QString&, PromptButtons, PromptIcon, const QString&) override {
         return PromptAnswer::Ok;
     }
     std::optional<QString> Input(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> OpenFile(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
         return std::nullopt;
     }
 };

@@ -13,7 +13,7 @@
 namespace {
 
 // Gives "secret" at the first password prompt and cancels every later one.
-class FuzzPrompts final : public Prompts {
+class FuzzPrompts final : public PromptsWithoutDialogs {
 public:
     PromptAnswer Message(const QString&, PromptButtons, PromptIcon, const QString&) override {
         return PromptAnswer::Yes;
@@ -22,15 +22,6 @@ public:
         if (m_passwords++ > 0)
             return std::nullopt;
         return QStringLiteral("secret");
-    }
-    std::optional<QString> OpenFile(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
-        return std::nullopt;
     }
 
 private:

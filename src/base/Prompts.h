@@ -32,3 +32,18 @@ public:
     virtual std::optional<QString> BrowseForFolder(const QString& prompt,
                                                    const QString& folder = QString()) = 0;
 };
+
+// Prompts with no file dialog or folder browser (a terminal, a benchmark): each of
+// those is cancelled.
+class PromptsWithoutDialogs : public Prompts {
+public:
+    std::optional<QString> OpenFile(const QString&, const QString&, const QString&) override {
+        return std::nullopt;
+    }
+    std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
+        return std::nullopt;
+    }
+    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
+        return std::nullopt;
+    }
+};

@@ -7,7 +7,7 @@
 // The questions of a command that runs without a window: each message goes to
 // standard error and is answered with its box's default button (OK or Yes); input
 // boxes, file dialogs and the folder browser are cancelled.
-class CliPrompts final : public Prompts {
+class CliPrompts final : public PromptsWithoutDialogs {
 public:
     explicit CliPrompts(QTextStream& err) : m_err(err) {}
 
@@ -16,15 +16,6 @@ public:
                          const QString& title = QString()) override;
     std::optional<QString> Input(const QString& prompt, const QString& title = QString(),
                                  const QString& proposed = QString()) override;
-    std::optional<QString> OpenFile(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> SaveFile(const QString&, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> BrowseForFolder(const QString&, const QString&) override {
-        return std::nullopt;
-    }
 
 private:
     QTextStream& m_err;
