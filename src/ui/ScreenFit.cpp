@@ -3,6 +3,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QWidget>
 
 namespace {
@@ -11,12 +12,15 @@ namespace {
 const QSize FrameRoom(16, 48);
 
 // Asks for the whole page, where a plain scroll area asks for a few lines of it: the
-// page scrolls only when the screen is too small.
+// page scrolls only when the screen is too small. The room for a vertical scroll bar
+// is asked for too, so that a page cut short in height is not also cut in width.
 class PageScrollArea final : public QScrollArea {
 public:
     using QScrollArea::QScrollArea;
     QSize sizeHint() const override {
-        return widget() ? widget()->sizeHint() : QScrollArea::sizeHint();
+        if (!widget())
+            return QScrollArea::sizeHint();
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
     }
 };
 

@@ -2,6 +2,7 @@
 #include "snapshots/SnapshotWizard.h"
 #include "support/WindowTest.h"
 #include "ui/MainWindowLayout.h"
+#include "ui/ScreenFit.h"
 #include "ui/SnapshotPane.h"
 #include "ui/frmEventLog.h"
 #include "ui/frmProfileEditor.h"
@@ -9,9 +10,13 @@
 #include "ui/frmSnapshotWizard.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QLayout>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -59,6 +64,21 @@ TEST_F(DialogsFitTest, EveryDialogFitsASmallScreen) {
     // The export dialog's choices scroll when the screen is too small for them.
     InDialog([this] { Control<QAction>("mnuOptions_Export_GameList")->trigger(); },
              [](QDialog* dialog) { EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr); });
+}
+
+TEST(ScreenFitTest, APageCutShortInHeightScrollsOnlyUpAndDown) {
+    QDialog dialog;
+    auto* page = new QVBoxLayout;
+    for (int line = 0; line < 200; ++line)
+        page->addWidget(new QLabel(QStringLiteral("A line of the page, %1").arg(line)));
+    QScrollArea* area = ScrollingPage(page, &dialog);
+    (new QVBoxLayout(&dialog))->addWidget(area);
+    ResizeToFit(&dialog);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    EXPECT_LE(dialog.height(), RoomOnScreen(&dialog).height());
+    EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
 }
 
 TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
