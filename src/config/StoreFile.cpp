@@ -25,8 +25,9 @@ namespace {
 
 // The native store is no INI file here (the registry, a property list):
 // QSettings reads and writes it, one key at a time.
-StoreContent ReadContent(const QString& path) {
+StoreContent ReadContent(const QString& path, QString& error) {
     Q_UNUSED(path);
+    Q_UNUSED(error);
     StoreContent content;
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Lumbra"),
                        QStringLiteral("Lumbra"));
@@ -61,9 +62,20 @@ bool WriteContent(const QString& path, const StoreContent& content, QString& err
 
 #else
 
-StoreContent ReadContent(const QString& path) {
+// A file that exists but cannot be read whole gives an error and no content.
+StoreContent ReadContent(const QString& path, QString& error) {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? ParseStoreText(file.readAll()) : StoreContent();
+    if (!file.exists())
+        return StoreContent();
+    QByteArray text;
+    if (file.open(QIODevice::ReadOnly))
+        text = file.readAll();
+    if (!file.isOpen() || file.error() != QFileDevice::NoError) {
+        error =
+            QStringLiteral("the file could not be read (") + file.errorString() + QLatin1Char(')');
+        return StoreContent();
+    }
+    return ParseStoreText(text);
 }
 
 bool WriteContent(const QString& path, const StoreContent& content, QString& error) {
@@ -155,7 +167,8 @@ StoreFile::Identity StoreFile::IdentityOf(const QString& path) {
 
 void StoreFile::Load() {
     m_loaded = IdentityOf(m_path);
-    m_content = ReadContent(m_path);
+    m_readError.clear();
+    m_content = ReadContent(m_path, m_readError);
     m_saved = m_content;
 }
 
@@ -247,6 +260,11 @@ bool StoreFile::Save(QString& error) {
         return false;
     }
     Refresh();
+    // What this process changed must not replace a file whose content it never saw.
+    if (!m_readError.isEmpty()) {
+        error = m_readError;
+        return false;
+    }
     // Sections removed and written again as they were are no change either.
     if (SameContent(m_content, m_saved)) {
         m_unsaved.clear();

@@ -59,5 +59,6 @@ private:
     StoreContent m_content;
     StoreContent m_saved; // the content as the file holds it
     Identity m_loaded;
+    QString m_readError; // why the file could not be read; no save replaces it then
     QList<Change> m_unsaved;
 };

@@ -2,8 +2,13 @@
 #include "support/FileSizeLimit.h"
 #include "support/TestFixtures.h"
 
+#include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -76,6 +81,46 @@ TEST_F(CliStoreSafetyTest, AStoreThatCannotBeWrittenFailsWithTheSystemsReason) {
     EXPECT_TRUE(refused.Err.contains("Could not save the settings to " + notAFolder))
         << refused.Err.toStdString();
     EXPECT_TRUE(refused.Err.contains("Not a directory")) << refused.Err.toStdString();
+}
+
+// A store this process cannot read is never replaced by what it changed: the player's
+// settings stay, and the command fails with the reason. (As root, the command runs as
+// nobody, since root reads every file.)
+TEST_F(CliStoreSafetyTest, AStoreThatCannotBeReadIsNeverReplaced) {
+    QTemporaryDir open; // a folder that another user may use
+    ASSERT_TRUE(QFile::setPermissions(
+        open.path(), QFileDevice::ReadOther | QFileDevice::WriteOther | QFileDevice::ExeOther |
+                         QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+        environment.insert(variable, open.path());
+    ASSERT_EQ(RunCli({"groups", "add", "Kept"}, environment).ExitCode, 0);
+    const QString store = open.path() + "/Lumbra/Lumbra.conf";
+    const QByteArray before = ReadFile(store);
+    ASSERT_TRUE(before.contains("Kept"));
+    chmod(QFile::encodeName(open.path() + "/Lumbra").constData(), 0777);
+    chmod(QFile::encodeName(open.path() + "/Lumbra/Lumbra.writer").constData(), 0666);
+    chmod(QFile::encodeName(store).constData(), 0222); // anyone may write it, nobody read it
+
+    QProcess writer;
+    writer.setProcessEnvironment(environment);
+    if (geteuid() == 0) {
+        if (QStandardPaths::findExecutable("setpriv").isEmpty())
+            GTEST_SKIP() << "running as root without setpriv";
+        writer.start("setpriv", {"--reuid=65534", "--regid=65534", "--clear-groups",
+                                 LUMBRA_CLI_PATH, "groups", "add", "Lost"});
+    } else {
+        writer.start(LUMBRA_CLI_PATH, {"groups", "add", "Lost"});
+    }
+    const auto [code, err] = Finish(writer);
+    if (err.contains("setpriv"))
+        GTEST_SKIP() << "nobody cannot run the build's lumbra-cli: " << err.toStdString();
+    EXPECT_EQ(code, 1);
+    EXPECT_TRUE(
+        err.contains("Could not save the settings to " + store + ": the file could not be read"))
+        << err.toStdString();
+    chmod(QFile::encodeName(store).constData(), 0600);
+    EXPECT_EQ(ReadFile(store), before);
 }
 
 } // namespace
