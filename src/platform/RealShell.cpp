@@ -153,10 +153,18 @@ void RealShell::ShellExecute(const QString& file, const QString& parameters,
         const ParsedCommand command =
             CommandForFile(info.absoluteFilePath(), SplitArguments(parameters));
         QProcess::startDetached(command.Program, command.Arguments, folder);
-    } else if (!m_openDocument || !m_openDocument(info.absoluteFilePath())) {
-        m_prompts.Message(NoProgramToOpenMessage(info.absoluteFilePath()), PromptButtons::Ok,
-                          PromptIcon::Exclamation);
+    } else {
+        OpenDocument(info.absoluteFilePath());
     }
+}
+
+void RealShell::OpenDocument(const QString& path) {
+    const QString resolved = PathResolver().Resolve(path);
+    if (resolved.isEmpty())
+        return;
+    if (!m_openDocument || !m_openDocument(resolved))
+        m_prompts.Message(NoProgramToOpenMessage(resolved), PromptButtons::Ok,
+                          PromptIcon::Exclamation);
 }
 
 void RealShell::ShellCopyFile(const QString& source, const QString& target) {

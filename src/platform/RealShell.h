@@ -35,6 +35,7 @@ public:
     void ShellAndWait(const QString& commandLine, const QString& mode) override;
     void ShellExecute(const QString& file, const QString& parameters,
                       const QString& directory) override;
+    void OpenDocument(const QString& path) override;
     ProgramEnd RunProgram(const QString& program, const QStringList& arguments,
                           const QString& folder) override;
     void StartProgram(const QString& program, const QStringList& arguments, const QString& folder,

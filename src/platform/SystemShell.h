@@ -43,6 +43,11 @@ public:
     virtual void ShellExecute(const QString& file, const QString& parameters,
                               const QString& directory) = 0;
 
+    // Opens a file or folder the player wants to look at (a snapshot, an export) with
+    // the desktop's opener; it is never run, whatever its permissions or first bytes.
+    // When nothing can open it, the player is told so.
+    virtual void OpenDocument(const QString& path) = 0;
+
     // Starts the program with its arguments, each one argv entry, in the folder, and
     // waits for its end while the windows keep repainting (user input waits).
     virtual ProgramEnd RunProgram(const QString& program, const QStringList& arguments,

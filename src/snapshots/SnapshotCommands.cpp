@@ -104,7 +104,7 @@ void OpenSnapshot(AppState& state, Prompts& prompts, SystemShell& shell, const Q
         prompts.Message(QStringLiteral("Cannot open snapshot, none exist."), PromptButtons::Ok,
                         PromptIcon::Information);
     else
-        shell.ShellExecute(snapshot, QString(), QString());
+        shell.OpenDocument(snapshot);
 }
 
 void RemoveSnapshot(AppState& state, SystemShell& shell, const QString& gameFile) {

@@ -305,9 +305,9 @@ void frmExportGameList::OfferToOpen(const QString& path) {
                               QStringLiteral("No opens the folder that holds it."),
                           PromptButtons::YesNoCancel, PromptIcon::Information);
     if (answer == PromptAnswer::Yes)
-        m_shell.ShellExecute(path, QString(), QString());
+        m_shell.OpenDocument(path);
     else if (answer == PromptAnswer::No)
-        m_shell.ShellExecute(QFileInfo(path).absolutePath(), QString(), QString());
+        m_shell.OpenDocument(QFileInfo(path).absolutePath());
 }
 
 void frmExportGameList::cmdClose_Click() {

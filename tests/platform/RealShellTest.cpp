@@ -96,6 +96,13 @@ TEST_F(RealShellTest, ShellExecuteStartsProgramsInTheFolderAndOpensDocuments) {
     EXPECT_EQ(m_opened, QStringList{picture});
     // The opener found no program for it, and the player is told so.
     EXPECT_EQ(m_prompts.AskedTexts(), QStringList{"No program is set up to open PNG images."});
+
+    // A file to look at goes to the opener even when it could run: an export saved as
+    // "list.sh", a picture on a disk where every file has execute permission.
+    m_opened.clear();
+    const StandInEmulator export_ = WriteStandInEmulator(emulators, "list.sh");
+    m_shell.OpenDocument(export_.Path);
+    EXPECT_EQ(m_opened, QStringList{export_.Path});
 }
 
 TEST_F(RealShellTest, NothingToOpenAFileIsNamedByItsType) {

@@ -70,8 +70,8 @@ TEST_F(SnapshotCommandsTest, OpenAndRemoveActOnTheFirstPictureTypeThatExists) {
     EXPECT_EQ(m_prompts.AskedTexts(), QStringList{"Cannot open snapshot, none exist."});
     EXPECT_EQ(m_prompts.Asked()[0].icon, PromptIcon::Information);
     EXPECT_EQ(m_shell.Calls(), (Calls{{"ShellDeleteFile", {Folder() + "zelda.png"}},
-                                      {"ShellExecute", {TempPath("Shots/Zelda.GIF"), "", ""}},
-                                      {"ShellExecute", {TempPath("Shots/zelda.bmp"), "", ""}},
+                                      {"OpenDocument", {TempPath("Shots/Zelda.GIF")}},
+                                      {"OpenDocument", {TempPath("Shots/zelda.bmp")}},
                                       {"ShellDeleteFile", {Folder() + "zelda.bmp"}}}));
 }
 

@@ -47,6 +47,7 @@ public:
                       const QString& directory) override {
         m_calls.append({"ShellExecute", {file, parameters, directory}});
     }
+    void OpenDocument(const QString& path) override { m_calls.append({"OpenDocument", {path}}); }
     ProgramEnd RunProgram(const QString& program, const QStringList& arguments,
                           const QString& folder) override {
         m_calls.append({"RunProgram", QStringList{program} + arguments + QStringList{folder}});

@@ -100,7 +100,7 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     EXPECT_TRUE(ReadFile(page).startsWith("<html><head>\r\n"));
     EXPECT_TRUE(m_prompts.Asked().at(2).text.startsWith("Game List Exported!\r\n"));
     EXPECT_EQ(m_prompts.Asked().at(2).buttons, PromptButtons::YesNoCancel);
-    EXPECT_EQ(m_shell.CallsOf("ShellExecute"), (QList<QStringList>{{TempPath("Out"), "", ""}}));
+    EXPECT_EQ(m_shell.CallsOf("OpenDocument"), (QList<QStringList>{{TempPath("Out")}}));
     EXPECT_EQ(Control<QLabel>("lblProgress")->text(), "Exporting Game List in HTML...");
     EXPECT_EQ(Control<QProgressBar>("prgProgress")->value(), 2); // of 2
 
@@ -117,7 +117,7 @@ TEST_F(ExportDialogTest, ExportsToTheChosenFileAndAsksBeforeReplacingOne) {
     m_prompts.AnswerFile(old).AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::Yes);
     Click("cmdExport"); // replaced, and opened
     EXPECT_NE(ReadFile(old), "the old list\r\n");
-    EXPECT_EQ(m_shell.CallsOf("ShellExecute").last(), (QStringList{old, "", ""}));
+    EXPECT_EQ(m_shell.CallsOf("OpenDocument").last(), (QStringList{old}));
 
     ASSERT_TRUE(QFile::remove(TempPath("Games/Zelda.sfc")));
     m_prompts.AnswerFile(TempPath("Out/new.txt"));
