@@ -12,7 +12,6 @@ public:
     GameFilter() = default;
     explicit GameFilter(QStringView typed);
 
-    bool IsEmpty() const { return m_words.isEmpty(); }
     // The words, folded as FoldedText folds.
     const QStringList& Words() const { return m_words; }
 

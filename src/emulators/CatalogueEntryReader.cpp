@@ -163,7 +163,9 @@ StateRules ReadStates(EntryReader& reader, const QJsonObject& object) {
         }
         if (states.SlotName.isEmpty() && states.LastSlot >= states.FirstSlot)
             reader.Fail(QStringLiteral("\"slots\" needs a \"name\""));
-        if (states.LastSlot - states.FirstSlot >= 1000)
+        if (states.FirstSlot < 0 || states.FirstSlot > 999)
+            reader.Fail(QStringLiteral("\"slots\" start at a number from 0 to 999"));
+        else if (qint64(states.LastSlot) - states.FirstSlot >= 1000)
             reader.Fail(QStringLiteral("\"slots\" holds more than 1,000 slots"));
     }
     states.AutoName = reader.Text(object, QStringLiteral("auto"));

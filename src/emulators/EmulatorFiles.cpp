@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace {
 
@@ -68,6 +69,11 @@ std::optional<QString> NonEmpty(const QString& text) {
     return text.isEmpty() ? std::nullopt : std::optional<QString>(text);
 }
 
+// A placeholder's width ("{slot:3}", "{digits:14}"), kept to what a file name can hold.
+int PlaceholderWidth(const QString& argument) {
+    return std::clamp(argument.toInt(), 0, 32);
+}
+
 // The value of a placeholder of the game's file names: "{base}", "{md5}", and
 // "{slot}" or "{slot:WIDTH}" when a slot is given (not -1).
 std::optional<QString> NameValue(const QString& name, const QString& argument, GameFacts& game,
@@ -77,7 +83,7 @@ std::optional<QString> NameValue(const QString& name, const QString& argument, G
     if (name == QLatin1String("md5"))
         return NonEmpty(game.Md5());
     if (name == QLatin1String("slot") && slot >= 0)
-        return QStringLiteral("%1").arg(slot, argument.toInt(), 10, QLatin1Char('0'));
+        return QStringLiteral("%1").arg(slot, PlaceholderWidth(argument), 10, QLatin1Char('0'));
     return std::nullopt;
 }
 
@@ -95,7 +101,7 @@ QRegularExpression ScreenshotPattern(const QStringList& patterns, GameFacts& gam
     const auto value = [&](const QString& name, const QString& argument) -> std::optional<QString> {
         if (name == QLatin1String("digits"))
             return argument.isEmpty() ? QStringLiteral("\\d+")
-                                      : QStringLiteral("\\d{%1}").arg(argument.toInt());
+                                      : QStringLiteral("\\d{%1}").arg(PlaceholderWidth(argument));
         const std::optional<QString> text = NameValue(name, argument, game, -1);
         return text ? std::optional<QString>(QRegularExpression::escape(*text)) : std::nullopt;
     };

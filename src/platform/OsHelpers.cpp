@@ -122,10 +122,6 @@ bool PlaceLink(const QString& target, const QString& link) {
 
 } // namespace
 
-QString GetTempFolder() {
-    return AddBackslash(QDir::toNativeSeparators(QDir::tempPath()));
-}
-
 QString GetShortPath(const QString& path) {
     LastFailure().clear();
     QString resolved = ResolvePath(path);

@@ -2,9 +2,6 @@
 
 #include <QString>
 
-// The temporary folder with a trailing separator.
-QString GetTempFolder();
-
 // A path that names the same existing file or folder, has no white space, no double
 // quote and no upper-case letter, so that it goes on a command line as it is: the resolved path
 // itself when it qualifies, otherwise a symbolic link in a private folder of the user's. Empty

@@ -7,8 +7,8 @@
 #include <QTemporaryFile>
 #include <memory>
 
-// A program started directly with its argument list, its error output kept in an
-// unnamed temporary file (not a pipe: the program outlives Lumbra without a broken
+// A program started directly with its argument list, its error output kept in a
+// temporary file (not a pipe: the program outlives Lumbra without a broken
 // pipe), so that its last lines can be shown when it fails.
 class WatchedProgram {
 public:

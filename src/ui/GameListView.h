@@ -12,7 +12,7 @@ public:
     virtual QString ShownGroup() const = 0;
     // The selected game shows its new caption, in its place in the sorted list, and
     // stays selected.
-    virtual void ReplaceGameLine(const QString& caption) = 0;
+    virtual void ReplaceGameLine() = 0;
     // Lists the shown group again and selects the line at the old position, or the last.
     virtual void RefillGameList() = 0;
     // The selected game has left the shown group: its line goes (in "All Games" it

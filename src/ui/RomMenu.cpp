@@ -303,8 +303,8 @@ void RomMenu::mnuRomMenu_Remove_Click() {
 void RomMenu::mnuRomMenu_Rename_Click() {
     if (m_gameIndex < 0)
         return;
-    if (const std::optional<QString> caption = RenameGame(m_state.Games, m_prompts, m_gameIndex))
-        m_view.ReplaceGameLine(*caption);
+    if (RenameGame(m_state.Games, m_prompts, m_gameIndex))
+        m_view.ReplaceGameLine();
 }
 
 void RomMenu::mnuRomMenu_GameInfo_Click() {
@@ -323,5 +323,5 @@ void RomMenu::mnuRomMenu_GameInfo_Click() {
     }
     FinishRomInfo(m_state, m_prompts, request);
     if (caption)
-        m_view.ReplaceGameLine(*caption);
+        m_view.ReplaceGameLine();
 }

@@ -148,6 +148,8 @@ void SettingsEmulatorsPage::cmdFindEmulators_Click() {
     const StoredDetection stored = StoreDetectedEmulators(
         m_context.State.Store, DetectEmulators(LoadEmulatorCatalogue(), EmulatorEnvironment()));
     ShowFoundEmulators();
+    if (ReportStoreFailure())
+        return;
     if (stored.Found.isEmpty())
         m_context.UserPrompts.Message(QStringLiteral("No emulator was found on this system."),
                                       PromptButtons::Ok, PromptIcon::Information);
@@ -166,4 +168,12 @@ void SettingsEmulatorsPage::cmdRemoveFoundEmulator_Click() {
         return;
     RemoveFoundEmulator(m_context.State.Store, item->text());
     ShowFoundEmulators();
+    ReportStoreFailure();
+}
+
+bool SettingsEmulatorsPage::ReportStoreFailure() {
+    const QString failure = m_context.State.Store.WriteError();
+    if (!failure.isEmpty())
+        m_context.UserPrompts.Message(failure, PromptButtons::Ok, PromptIcon::Critical);
+    return !failure.isEmpty();
 }

@@ -26,6 +26,8 @@ private:
     void cmdFindEmulators_Click();
     void cmdEditFoundEmulator_Click();
     void cmdRemoveFoundEmulator_Click();
+    // Tells the player when the last write of the settings failed; true then.
+    bool ReportStoreFailure();
     // The found emulators in the list and in the "Default:" selector.
     void ShowFoundEmulators();
 

@@ -327,7 +327,7 @@ QString frmMain::ShownGroup() const {
 
 // The new caption takes its place in the order; the game stays selected, unless the
 // filter no longer finds it.
-void frmMain::ReplaceGameLine(const QString& /*caption*/) {
+void frmMain::ReplaceGameLine() {
     const int row = m_lstGameList->currentRow();
     if (row < 0)
         return;

@@ -51,7 +51,7 @@ public:
 
     // What the game menu changes.
     QString ShownGroup() const override;
-    void ReplaceGameLine(const QString& caption) override;
+    void ReplaceGameLine() override;
     void RefillGameList() override;
     void RemoveGameLine() override;
     void RefillGroupList() override;

@@ -34,6 +34,8 @@ TEST_F(LumbraTest, APlayersFileReplacesTheKeysItGivesAndSaysWhatItLeftOut) {
         {"name": "Two Kinds", "find": [{"program": "c", "file": "/c"}], "command": ["{program}", "{game}"]},
         {"name": "Bad Slots", "find": [{"program": "d"}], "command": ["{program}", "{game}"],
          "states": {"slots": {"first": 0, "last": 9}}},
+        {"name": "Huge Slots", "find": [{"program": "e"}], "command": ["{program}", "{game}"],
+         "states": {"slots": {"first": -2147483648, "last": 2147483647, "name": "{slot}"}}},
         {"find": [{"program": "nameless"}]}
       ]})");
     const QString broken = WriteFile("broken.json", "{\"emulators\": [");
@@ -49,14 +51,15 @@ TEST_F(LumbraTest, APlayersFileReplacesTheKeysItGivesAndSaysWhatItLeftOut) {
     EXPECT_EQ(retroarch->Find.first().Target, "retroarch"); // the keys not given stay
 
     const QString problems = catalogue.Problems.join('\n');
-    EXPECT_EQ(catalogue.Problems.size(), 8) << problems.toStdString();
+    EXPECT_EQ(catalogue.Problems.size(), 9) << problems.toStdString();
     for (const QString& expected : QStringList{
              own + ": an entry without a \"name\" was left out",
              "Emulator \"ZSNES\" left out: the name belongs to one of Lumbra's own three emulators",
              "Emulator \"No Program\" left out: \"command\" must start with \"{program}\"",
              "Emulator \"Two Kinds\" left out: each \"find\" rule names one",
-             "Emulator \"Bad Slots\" left out: \"slots\" needs a \"name\"", broken + ": ",
-             list + ": not a catalogue", TempPath("none.json") + ": "})
+             "Emulator \"Bad Slots\" left out: \"slots\" needs a \"name\"",
+             "Emulator \"Huge Slots\" left out: \"slots\" start at a number from 0 to 999",
+             broken + ": ", list + ": not a catalogue", TempPath("none.json") + ": "})
         EXPECT_TRUE(problems.contains(expected)) << expected.toStdString();
 }
 
