@@ -121,7 +121,9 @@ LaunchEnd EmulatorLauncher::LaunchFound(GameRecord& game, const FoundEmulatorTab
     } else {
         SnapshotWizard wizard(m_state, m_prompts);
         wizard.SetRomFilename(game.Filename);
-        const std::optional<EmulatorGameFiles> files = table.GameFiles(name, realGame);
+        // The emulator names its files after the game it was given: the extracted one
+        // when it does not read zips.
+        const std::optional<EmulatorGameFiles> files = table.GameFiles(name, gamePath);
         if (files && !files->ScreenshotFolder.isEmpty()) {
             const EmulatorGameFiles names = *files;
             wizard.SetImageFilter(

@@ -49,7 +49,7 @@ protected:
         m_game = WriteFile("My Games/Super Game.SMC",
                            SnesImageBuilder::ValidLoRomWithCopierHeader("SUPER"));
         MakeZip("My Games/Zipped Game.zip",
-                {{"Zipped Game.sfc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")}});
+                {{"Zipped Quest.sfc", SnesImageBuilder::ValidLoRomWithCopierHeader("ZIPPED")}});
         GameList_ImportFileList(m_state, TempPath("My Games"));
     }
     ~FoundEmulatorLaunchTest() override {
@@ -110,8 +110,12 @@ TEST_F(FoundEmulatorLaunchTest, AZipGoesAsItIsToAnEmulatorThatReadsZipsAndIsExtr
     ASSERT_TRUE(rules.open(QIODevice::WriteOnly) &&
                 rules.write(R"({"emulators": [{"name": "RetroArch", "readsZip": false}]})") > 0);
     rules.close();
+    m_player.Shown.clear();
+    m_prompts.AnswerMessage(PromptAnswer::No);
     ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);
-    EXPECT_EQ(Arguments().last(), TempPath("Unzip/Zipped Game.sfc"));
+    EXPECT_EQ(Arguments().last(), TempPath("Unzip/Zipped Quest.sfc"));
+    // Its screenshot is named after the game it was given.
+    EXPECT_EQ(m_player.Shown, QStringList{"Zipped Quest-261122-235959.png"});
     EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList()); // flushed
 }
 
