@@ -32,12 +32,15 @@ int EmulatorTable::FindEmulatorIndex(const QString& name) const {
     return -1;
 }
 
+QString ChosenOrDefault(const QString& choice, const QString& fallback) {
+    const bool useDefault =
+        choice.isEmpty() || choice.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0;
+    return useDefault ? fallback : choice;
+}
+
 int EmulatorTable::GameEmulatorIndex(const QString& gameEmulator,
                                      const QString& defaultEmulator) const {
-    const bool useDefault =
-        gameEmulator.isEmpty() ||
-        gameEmulator.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0;
-    return FindEmulatorIndex(useDefault ? defaultEmulator : gameEmulator);
+    return FindEmulatorIndex(ChosenOrDefault(gameEmulator, defaultEmulator));
 }
 
 void DefineEmulators(EmulatorTable& emulators, const SettingsStore& store) {

@@ -17,6 +17,10 @@ struct EmulatorRecord {
 };
 
 // The three emulators, in this fixed order: Nlke, Snes9X, ZSnes.
+// A game's choice of emulator or profile: the choice itself, or the fallback when it
+// is empty or "Default" (in any letter case).
+QString ChosenOrDefault(const QString& choice, const QString& fallback);
+
 class EmulatorTable {
 public:
     static constexpr int Count = 3;

@@ -5,6 +5,7 @@
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
 #include "catalogue/PlayStatistics.h"
+#include "config/Emulators.h"
 #include "config/Profiles.h"
 #include "emulators/FoundEmulatorTable.h"
 #include "launch/PlayWizard.h"
@@ -25,9 +26,7 @@ const QString Flush = QStringLiteral("flush");
 // is set.
 QString OptionText(const SettingsStore& store, const FoundEmulator& emulator,
                    const QString& gameProfile) {
-    const bool useDefault = gameProfile.isEmpty() ||
-                            gameProfile.compare(QLatin1String("default"), Qt::CaseInsensitive) == 0;
-    const QString profile = useDefault ? emulator.DefaultProfile : gameProfile;
+    const QString profile = ChosenOrDefault(gameProfile, emulator.DefaultProfile);
     return profile.isEmpty() ? QString() : TrimBlanks(ReadProfile(store, emulator.Name, profile));
 }
 

@@ -7,6 +7,7 @@
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
 #include "catalogue/PlayStatistics.h"
+#include "config/Emulators.h"
 #include "config/Profiles.h"
 #include "emulators/FoundEmulatorTable.h"
 #include "launch/PlayWizard.h"
@@ -96,10 +97,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
 
         // An emulator Lumbra found is started directly with the game's real path, unless
         // the game has its own launch file.
-        const QString chosenEmulator =
-            game.Emulator.isEmpty() || game.Emulator.toLower() == QLatin1String("default")
-                ? options.DefaultEmulator
-                : game.Emulator;
+        const QString chosenEmulator = ChosenOrDefault(game.Emulator, options.DefaultEmulator);
         if (m_state.Emulators.FindEmulatorIndex(chosenEmulator) < 0) {
             const FoundEmulatorTable table(m_state.Store, LoadEmulatorCatalogue());
             const FoundEmulator* found = table.Find(chosenEmulator);
@@ -161,12 +159,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
 
         int emulatorIndex = -1;
         if (!gameLaunchFile) {
-            const QString& chosen = game.Emulator;
-            const QString emulatorName =
-                chosen.isEmpty() || chosen.toLower() == QLatin1String("default")
-                    ? options.DefaultEmulator
-                    : chosen;
-            emulatorIndex = m_state.Emulators.FindEmulatorIndex(emulatorName);
+            emulatorIndex = m_state.Emulators.FindEmulatorIndex(chosenEmulator);
             if (emulatorIndex < 0)
                 throw RunTimeError{SubscriptOutOfRange, QStringLiteral("Subscript out of range")};
             const EmulatorRecord& emulator = m_state.Emulators.Records[emulatorIndex];
@@ -180,7 +173,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             if (launchFile.isEmpty()) {
                 Log(QStringLiteral("Launch File: NONE FOUND"));
                 m_prompts.Message(
-                    QStringLiteral("No files were found to launch ") + emulatorName +
+                    QStringLiteral("No files were found to launch ") + chosenEmulator +
                         QStringLiteral("\r\n\r\nYou must setup this emulator in the Settings ") +
                         QStringLiteral("dialog in order to use this emulator.\r\n") +
                         QStringLiteral("If you have already done this and get this message ") +
