@@ -40,3 +40,14 @@ QString TrimBlanks(const QString& text);
 // The text with every control character replaced by U+FFFD, so that it cannot
 // break a line or garble a terminal.
 QString ReplaceControlCharacters(QString text);
+
+// The value of a hexadecimal digit, or -1 for any other character.
+inline int HexValue(char c) {
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'a' && c <= 'f')
+        return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return -1;
+}

@@ -2,12 +2,9 @@
 
 #include <QDateTime>
 #include <QElapsedTimer>
-#include <QList>
 #include <QString>
 
-class GameList;
 class SettingsStore;
-struct GameLine;
 struct GameRecord;
 
 // How much a game has been played. Each game's figures are one value of the store
@@ -36,10 +33,3 @@ void AddPlayTime(SettingsStore& store, const GameRecord& game, qint64 millisecon
 QString PlayStatisticsText(const PlayStatistics& statistics);
 // "1 h 25 min", "12 min", "40 s".
 QString PlayTimeText(qint64 seconds);
-
-// The orders of `lumbra-cli list --sort`: most recent, most played, longest played
-// first; games that tie keep their order.
-enum class PlayOrder { LastPlayed, PlayCount, PlayTime };
-bool PlayOrderFromName(const QString& name, PlayOrder& order);
-void SortByPlay(const SettingsStore& store, const GameList& games, PlayOrder order,
-                QList<GameLine>& lines);

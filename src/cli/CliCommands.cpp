@@ -7,7 +7,7 @@
 #include "catalogue/GameFolderCommands.h"
 #include "catalogue/GameListing.h"
 #include "catalogue/GroupViews.h"
-#include "catalogue/PlayStatistics.h"
+#include "catalogue/PlayOrder.h"
 #include "cli/CliLog.h"
 #include "cli/CliPrompts.h"
 #include "cli/CliSupport.h"

@@ -1,7 +1,7 @@
 #include "catalogue/AppState.h"
 #include "cli/CliCommands.h"
 #include "cli/CliLog.h"
-#include "platform/OsHelpers.h"
+#include "platform/ShortPath.h"
 
 #include <QCoreApplication>
 #include <QTextStream>

@@ -1,6 +1,7 @@
 #include "config/SettingsStore.h"
 
 #include "config/StoreFile.h"
+#include "config/StoreValues.h"
 
 #include <QStandardPaths>
 #include <algorithm>

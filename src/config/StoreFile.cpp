@@ -2,6 +2,7 @@
 
 #include "config/AbandonedLock.h"
 #include "config/SaveFileLeftovers.h"
+#include "config/StoreValues.h"
 #include "platform/SaveFile.h"
 
 #include <QDir>

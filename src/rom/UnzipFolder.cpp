@@ -1,6 +1,6 @@
 #include "rom/UnzipFolder.h"
 
-#include "platform/OsHelpers.h"
+#include "platform/PrivateFolder.h"
 
 #include <QDir>
 #include <QFile>

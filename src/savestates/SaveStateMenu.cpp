@@ -2,8 +2,8 @@
 
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
-#include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
+#include "platform/ShortPath.h"
 #include "platform/SystemShell.h"
 
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "base/PictureTypes.h"
 #include "base/StringHelpers.h"
-#include "platform/OsHelpers.h"
+#include "platform/ShortPath.h"
 
 #include <QDir>
 

@@ -6,7 +6,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "catalogue/AppState.h"
-#include "platform/OsHelpers.h"
+#include "platform/ShortPath.h"
 #include "snapshots/ImageFiles.h"
 
 #include <QDir>

@@ -8,7 +8,7 @@
 #include "export/ExportChoices.h"
 #include "export/ExportPrefs.h"
 #include "export/ExportWriter.h"
-#include "platform/OsHelpers.h"
+#include "platform/ShortPath.h"
 #include "platform/SystemShell.h"
 #include "ui/BusyPointer.h"
 #include "ui/ExportWriteOrderBox.h"

@@ -1,5 +1,6 @@
 #include "catalogue/PlayStatistics.h"
 #include "catalogue/GameListing.h"
+#include "catalogue/PlayOrder.h"
 #include "support/TestFixtures.h"
 
 namespace {

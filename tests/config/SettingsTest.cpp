@@ -1,5 +1,4 @@
 #include "config/Settings.h"
-#include "platform/OsHelpers.h"
 #include "support/TestFixtures.h"
 
 #include <QDir>

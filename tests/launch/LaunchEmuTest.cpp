@@ -1,5 +1,5 @@
 #include "catalogue/PlayStatistics.h"
-#include "platform/OsHelpers.h"
+#include "platform/ShortPath.h"
 #include "support/LaunchTest.h"
 #include "support/SnesImageBuilder.h"
 #include "support/StandInEmulator.h"

@@ -1,6 +1,6 @@
 #include "config/SettingsStore.h"
-#include "platform/OsHelpers.h"
 #include "platform/PathResolver.h"
+#include "platform/ShortPath.h"
 #include "support/EnvironmentChange.h"
 #include "support/TestFixtures.h"
 

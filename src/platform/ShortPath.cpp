@@ -1,6 +1,5 @@
-#include "platform/OsHelpers.h"
+#include "platform/ShortPath.h"
 
-#include "base/StringHelpers.h"
 #include "platform/PathResolver.h"
 
 #include <QCryptographicHash>
@@ -164,26 +163,4 @@ void RemoveShortPathLinks() {
         QDir().rmdir(QFileInfo(link).path()); // only once empty
     }
     MadeLinks().clear();
-}
-
-bool MakePrivateFolder(const QString& path, QString* failure) {
-#ifdef Q_OS_WIN
-    if (QDir().mkpath(path))
-        return true;
-    if (failure)
-        *failure = QStringLiteral("Cannot make the folder");
-    return false;
-#else
-    const QString absolute = QDir::cleanPath(QDir(path).absolutePath());
-    QString made;
-    for (const QString& part : absolute.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
-        made += QLatin1Char('/') + part;
-        if (::mkdir(QFile::encodeName(made).constData(), 0700) != 0 && errno != EEXIST) {
-            if (failure)
-                *failure = SystemReason();
-            return false;
-        }
-    }
-    return true;
-#endif
 }

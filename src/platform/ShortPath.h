@@ -15,8 +15,3 @@ QString ShortPathFailure();
 // Removes the links that GetShortPath made in this process, and their folders once
 // empty. A launch calls it when the emulator no longer needs them.
 void RemoveShortPathLinks();
-
-// Makes a folder and the missing folders above it, each readable and writable by the
-// user alone (0700). A folder that exists is left as it is. False, with the system's
-// reason in failure, when a folder could not be made.
-bool MakePrivateFolder(const QString& path, QString* failure = nullptr);
