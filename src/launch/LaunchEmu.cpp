@@ -44,13 +44,22 @@ QString ProbeInFolder(const QString& folder, const QString& name) {
 }
 
 // The game's own launch file beside it (.pif, then .bat, then .sh); empty when none.
-QString GameLaunchFile(const QString& base) {
+// The game's own launch file beside it, as the file system spells it: .pif, then .bat,
+// then .sh; empty when there is none. Looking makes no link.
+QString FindGameLaunchFile(const QString& base) {
+    PathResolver resolver;
     for (const char* extension : {".pif", ".bat", ".sh"}) {
-        const QString launchFile = GetShortPath(base + QLatin1String(extension));
+        const QString launchFile = resolver.Resolve(base + QLatin1String(extension));
         if (!launchFile.isEmpty())
             return launchFile;
     }
     return QString();
+}
+
+// The short path of the game's own launch file, or empty.
+QString GameLaunchFile(const QString& base) {
+    const QString launchFile = FindGameLaunchFile(base);
+    return launchFile.isEmpty() ? QString() : GetShortPath(launchFile);
 }
 
 } // namespace
@@ -104,7 +113,7 @@ LaunchEnd EmulatorLauncher::Launch(int gameIndex) {
             const int dot = InStrLast(game.Filename, QStringLiteral("."));
             const bool ownLaunchFile =
                 options.RomBatchFileSupport == 1 && dot > 0 && !IsZippedGame(game.Filename) &&
-                !GameLaunchFile(game.Folder + game.Filename.left(dot - 1)).isEmpty();
+                !FindGameLaunchFile(game.Folder + game.Filename.left(dot - 1)).isEmpty();
             if (found && !ownLaunchFile) {
                 const LaunchEnd end = LaunchFound(game, table, *found);
                 QDir::setCurrent(savedFolder);
