@@ -30,6 +30,8 @@ bool ReadEntryData(archive* reader, archive_entry* entry, QByteArray& bytes) {
 std::optional<ArchivedGame> ReadArchivedGame(const QString& archivePath, bool withBytes) {
     const std::unique_ptr<archive, decltype(&archive_read_free)> reader(archive_read_new(),
                                                                         &archive_read_free);
+    if (!reader)
+        return std::nullopt;
     archive_read_support_format_zip(reader.get());
     if (archive_read_open_filename(reader.get(), QFile::encodeName(archivePath).constData(),
                                    64 * 1024) != ARCHIVE_OK)

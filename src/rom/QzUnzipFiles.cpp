@@ -4,6 +4,7 @@
 #include "base/Prompts.h"
 #include "base/StringHelpers.h"
 #include "rom/ArchiveEntryName.h"
+#include "rom/ArchiveLibrary.h"
 #include "rom/UnzipFolder.h"
 #include "rom/UnzipState.h"
 
@@ -71,8 +72,12 @@ int QzUnzipFiles::Unzip(const QString& zipName, const QString& extractDir) {
         }
     }
 
-    m_run = &run;
     run.Reader = archive_read_new();
+    if (!run.Reader) {
+        Fail(run, UnzipNoArchive, ZipFileName + QStringLiteral(": ") + ArchiveLibraryProblem());
+        return run.Result;
+    }
+    m_run = &run;
     archive_read_support_format_zip(run.Reader);
     archive_read_set_passphrase_callback(run.Reader, this, &QzUnzipFiles::AskPassword);
     if (archive_read_open_filename(run.Reader, QFile::encodeName(ZipFileName).constData(),

@@ -2,6 +2,7 @@
 
 #include "base/Prompts.h"
 #include "platform/SaveFile.h"
+#include "rom/ArchiveLibrary.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -100,6 +101,10 @@ int QzZipFiles::MakeZipFile() {
     if (!file.open(QIODevice::WriteOnly))
         return Fail(ZipCannotWrite, ZipFileName + QStringLiteral(": ") + file.errorString());
     archive* writer = archive_write_new();
+    if (!writer) {
+        file.cancelWriting();
+        return Fail(ZipCannotWrite, ZipFileName + QStringLiteral(": ") + ArchiveLibraryProblem());
+    }
     archive_write_set_format_zip(writer);
     archive_write_set_bytes_in_last_block(writer, 1);
     int code = ZipOk;

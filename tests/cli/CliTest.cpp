@@ -101,6 +101,19 @@ TEST_F(CliTest, InfoPrintsTheHeaderOfImagesAndZipsAndGoesOnPastMissingFiles) {
     }
 }
 
+TEST_F(CliTest, LibarchiveIsLoadedOnlyWhenAZipIsOpened) {
+    const QString zip = MakeZip("Zipped.zip", {{"game.smc", SnesImageBuilder().Build()}});
+    // The dynamic loader names each library it loads on standard error.
+    QProcessEnvironment loaderTalks = QProcessEnvironment::systemEnvironment();
+    loaderTalks.insert(QStringLiteral("LD_DEBUG"), QStringLiteral("files"));
+    const CliResult list = RunCli({"list"}, loaderTalks);
+    EXPECT_TRUE(list.Err.contains("libQt6Core.so")) << list.Err.toStdString();
+    EXPECT_FALSE(list.Err.contains("libarchive.so"));
+    const CliResult info = RunCli({"info", zip}, loaderTalks);
+    EXPECT_EQ(info.ExitCode, 0);
+    EXPECT_TRUE(info.Err.contains("libarchive.so.13")) << info.Err.toStdString();
+}
+
 TEST_F(CliTest, CommandsThatWriteWaitForTheWindowToCloseAndNothingIsLost) {
     // No start-up question about the emulators this machine may have.
     m_state.Store.Write("Settings", "FoundEmulatorOffered", "0");
