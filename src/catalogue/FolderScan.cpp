@@ -41,7 +41,7 @@ bool IsGameFile(const QString& name, const QString& lowerName) {
 
 struct FolderListing {
     QString Resolved; // the folder as it exists, ending in a separator
-    std::vector<std::pair<QString, QString>> Files; // lower-case name, name
+    std::vector<QString> LowerNames; // of the game files, one for each set of case twins
     QStringList LeftOut; // log lines, written after the folder's own line
     ScanReport Report;
 };
@@ -76,7 +76,7 @@ FolderListing ListGameFiles(const QString& folder, PathResolver& resolver) {
         const auto kept =
             std::find_if(group, end, [](const auto& game) { return game.first == game.second; });
         const QString& name = (kept != end ? kept : group)->second;
-        listing.Files.emplace_back(group->first, name);
+        listing.LowerNames.push_back(group->first);
         for (auto twin = group; twin != end; ++twin) {
             if (twin->second == name)
                 continue;
@@ -102,7 +102,7 @@ ScanReport GameList_ImportFileList(AppState& state, const QString& folder, PathR
 
     const QString listingFolder = ListingFolder(folder);
     FolderListing listing = ListGameFiles(listingFolder, resolver);
-    const auto& files = listing.Files;
+    const auto& files = listing.LowerNames;
     const int folderIndex = state.GameFolders.FindGameFolderIndex(folder);
     if (folderIndex >= 0)
         state.GameFolders.Entries[folderIndex].RomCount = static_cast<qint16>(files.size());
@@ -110,9 +110,6 @@ ScanReport GameList_ImportFileList(AppState& state, const QString& folder, PathR
 
     // The separator is appended unconditionally, so a root folder ends in two.
     const QString recordFolder = LowerCase(listingFolder) + QDir::separator();
-    // The records' lower-case folder names the listed one unless another folder
-    // differs from it in letter case only; then each game is looked up as before.
-    const bool sameFolder = resolver.Resolve(recordFolder) == listing.Resolved;
     GameList& games = state.Games;
     int slot = games.Count(); // the list is packed: each file takes the next free slot
     for (qsizetype i = 0; i < fileCount; ++i, ++slot) {
@@ -125,12 +122,8 @@ ScanReport GameList_ImportFileList(AppState& state, const QString& folder, PathR
         GameRecord& record = games.Records[slot];
         record.Group = FixedGroup;
         record.Folder = recordFolder;
-        const auto& [lowerName, name] = files[static_cast<std::size_t>(i)];
-        record.Filename = lowerName;
+        record.Filename = files[static_cast<std::size_t>(i)];
         record.Caption = record.Filename;
-        // Opening the game later in this operation needs no look-up of its name.
-        if (sameFolder)
-            resolver.Remember(recordFolder + lowerName, listing.Resolved + name);
         record.Emulator = QStringLiteral("Default");
         record.Profile = QStringLiteral("Default");
         // Deliberately -1 (true), not the 1 that the settings dialog stores.

@@ -10,6 +10,11 @@ bool IsDigit(QChar c) {
     return c.isDigit();
 }
 
+// QChar::digitValue without its call for the digits 0 to 9.
+int DigitValue(QChar c) {
+    return c.unicode() <= u'9' ? c.unicode() - u'0' : c.digitValue();
+}
+
 // The end of the run of digits that starts at from.
 qsizetype DigitsEnd(QStringView text, qsizetype from) {
     while (from < text.size() && IsDigit(text[from]))
@@ -19,14 +24,14 @@ qsizetype DigitsEnd(QStringView text, qsizetype from) {
 
 // Compares the numbers of two runs of digits; leading zeros do not count.
 int CompareNumbers(QStringView a, QStringView b) {
-    while (a.size() > 1 && a.front().digitValue() == 0)
+    while (a.size() > 1 && DigitValue(a.front()) == 0)
         a = a.mid(1);
-    while (b.size() > 1 && b.front().digitValue() == 0)
+    while (b.size() > 1 && DigitValue(b.front()) == 0)
         b = b.mid(1);
     if (a.size() != b.size())
         return a.size() < b.size() ? -1 : 1;
     for (qsizetype i = 0; i < a.size(); ++i) {
-        const int difference = a[i].digitValue() - b[i].digitValue();
+        const int difference = DigitValue(a[i]) - DigitValue(b[i]);
         if (difference != 0)
             return difference;
     }

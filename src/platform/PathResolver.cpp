@@ -130,14 +130,7 @@ QString PathResolver::ResolveFolder(const QString& folder) {
     return resolved;
 }
 
-void PathResolver::Remember(const QString& path, const QString& resolved) {
-    m_remembered.insert(path, resolved);
-}
-
 QString PathResolver::Resolve(const QString& path) {
-    const auto remembered = m_remembered.constFind(path);
-    if (remembered != m_remembered.constEnd())
-        return *remembered;
     if (path.trimmed().isEmpty())
         return QString();
     QString normalized = WithForwardSlashes(path);

@@ -19,9 +19,6 @@ public:
     QString ResolveOrKeep(const QString& path);
     bool Exists(const QString& path) { return !Resolve(path).isEmpty(); }
     bool IsFile(const QString& path);
-    // Notes that path names the existing resolved path, so that resolving it later
-    // in the operation takes no look-up: the scan knows each game's file.
-    void Remember(const QString& path, const QString& resolved);
 
     struct Entry {
         QString Name;
@@ -52,7 +49,6 @@ private:
 
     QHash<QString, Listing> m_listings;
     QHash<QString, QString> m_folders;
-    QHash<QString, QString> m_remembered;
 };
 
 // One-off resolution with a fresh cache.
