@@ -1,5 +1,7 @@
 #include "catalogue/FoldedText.h"
 
+#include <algorithm>
+
 namespace {
 
 bool IsPlainAscii(QStringView text) {
@@ -25,8 +27,13 @@ bool IsCombiningMark(char32_t codePoint) {
 
 QString FoldedText(QStringView text) {
     // Most captions and file names are plain ASCII: nothing to decompose.
-    if (IsPlainAscii(text))
-        return text.toString().toLower();
+    if (IsPlainAscii(text)) {
+        QString lower(text.size(), Qt::Uninitialized);
+        std::transform(text.begin(), text.end(), lower.begin(), [](QChar c) {
+            return c >= u'A' && c <= u'Z' ? QChar(static_cast<char16_t>(c.unicode() + 32)) : c;
+        });
+        return lower;
+    }
     const QString decomposed = text.toString().normalized(QString::NormalizationForm_KD);
     QString folded;
     folded.reserve(decomposed.size());

@@ -18,11 +18,16 @@ void GameListing::Fill(const GameList& games, const QString& view) {
         if (record.Caption == RemovedCaption ||
             (!everyGame && record.Group.compare(view, Qt::CaseInsensitive) != 0))
             continue;
+        QString folded = FoldedText(record.Caption);
+        QString key = NaturalSortKey(folded);
         m_entries.push_back(
-            {{index, record.Caption}, FoldedText(record.Caption), FoldedText(record.Filename)});
+            {{index, record.Caption}, std::move(folded), FoldedText(record.Filename), std::move(key)});
     }
     std::sort(m_entries.begin(), m_entries.end(), [](const Entry& a, const Entry& b) {
-        if (const int order = NaturalCompareFolded(a.FoldedCaption, b.FoldedCaption))
+        const int order = a.SortKey.isEmpty() || b.SortKey.isEmpty()
+                              ? NaturalCompareFolded(a.FoldedCaption, b.FoldedCaption)
+                              : a.SortKey.compare(b.SortKey, Qt::CaseSensitive);
+        if (order != 0)
             return order < 0;
         if (const int order = a.Line.Caption.compare(b.Line.Caption, Qt::CaseSensitive))
             return order < 0;

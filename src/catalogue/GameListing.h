@@ -32,6 +32,7 @@ private:
         GameLine Line;
         QString FoldedCaption;
         QString FoldedFileName;
+        QString SortKey; // NaturalSortKey of FoldedCaption
     };
     std::vector<Entry> m_entries;
 };

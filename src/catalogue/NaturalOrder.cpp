@@ -77,3 +77,37 @@ int NaturalCompare(QStringView a, QStringView b) {
     // Texts that differ only in case, accents or leading zeros keep one fixed order.
     return a.compare(b, Qt::CaseSensitive);
 }
+
+QString NaturalSortKey(QStringView folded) {
+    QString key;
+    key.reserve(folded.size() + 2);
+    for (qsizetype i = 0; i < folded.size();) {
+        const QChar c = folded[i];
+        if (!IsDigit(c)) {
+            key.append(c);
+            ++i;
+            continue;
+        }
+        const qsizetype end = DigitsEnd(folded, i);
+        for (qsizetype digit = i; digit < end; ++digit) {
+            if (folded[digit].unicode() > u'9')
+                return QString();
+        }
+        while (end - i > 1 && folded[i] == u'0')
+            ++i;
+        // The length stands where the first digit did: against any other character
+        // it compares as a digit would, and a longer number comes later.
+        const qsizetype length = end - i;
+        if (length > 0xFFFF)
+            return QString();
+        if (length < 9) {
+            key.append(QChar(static_cast<char16_t>(u'0' + length)));
+        } else {
+            key.append(QLatin1Char('9'));
+            key.append(QChar(static_cast<char16_t>(length)));
+        }
+        key.append(folded.sliced(i, length));
+        i = end;
+    }
+    return key;
+}

@@ -11,3 +11,9 @@ int NaturalCompare(QStringView a, QStringView b);
 
 // The same order over texts already folded; equal folded texts give zero.
 int NaturalCompareFolded(QStringView a, QStringView b);
+
+// A key for texts already folded, whose plain comparison (code unit by code unit)
+// gives the order of NaturalCompareFolded: each run of digits is written as its
+// length and its digits without leading zeros. Empty when the text holds digits
+// other than 0 to 9, which only NaturalCompareFolded orders.
+QString NaturalSortKey(QStringView folded);

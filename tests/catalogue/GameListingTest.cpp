@@ -7,6 +7,7 @@
 #include "support/TestFixtures.h"
 
 #include <algorithm>
+#include <random>
 #include <tuple>
 
 namespace {
@@ -54,6 +55,39 @@ TEST(NaturalOrderTest, IgnoresCaseAndAccentsAndCountsDigitRunsAsNumbers) {
         EXPECT_EQ(order > 0, NaturalCompare(b, a) < 0);
     }
     EXPECT_EQ(NaturalCompare(u"Same", u"Same"), 0);
+}
+
+TEST(NaturalOrderTest, TheSortKeyOrdersAsTheComparison) {
+    // Texts built from pieces that meet the edge cases: runs of zeros, numbers of
+    // 8, 9 and 10 digits, digits beside characters below and above them, and a digit
+    // that is not 0 to 9, which leaves the key empty.
+    const QStringList pieces = {"a", " ", "(", "~", "0", "00", "7", "9", "12345678",
+                                "123456789", "0123456789", "\u0663"};
+    std::mt19937 random(16);
+    QStringList texts;
+    for (int i = 0; i < 400; ++i) {
+        QString text;
+        for (int count = int(random() % 5); count >= 0; --count)
+            text += pieces[int(random() % pieces.size())];
+        texts.append(text);
+    }
+    int keyed = 0;
+    for (const QString& a : texts) {
+        for (const QString& b : texts) {
+            const QString keyA = NaturalSortKey(a);
+            const QString keyB = NaturalSortKey(b);
+            if (keyA.isEmpty() || keyB.isEmpty())
+                continue;
+            ++keyed;
+            const int byKey = keyA.compare(keyB);
+            const int byText = NaturalCompareFolded(a, b);
+            ASSERT_EQ(byKey < 0, byText < 0) << a.toStdString() << " / " << b.toStdString();
+            ASSERT_EQ(byKey == 0, byText == 0) << a.toStdString() << " / " << b.toStdString();
+        }
+    }
+    EXPECT_GT(keyed, 50000); // most pairs
+    EXPECT_EQ(NaturalSortKey(u"disc \u0663"), "");
+    EXPECT_EQ(NaturalSortKey(u"level 007"), "level 17");
 }
 
 TEST(GameFilterTest, EveryWordInTheCaptionOrTheFileName) {
