@@ -4,10 +4,15 @@
 // and prints the stored caption of every game file found; it opens no game file.
 // bench/run.sh times it beside lumbra-cli list.
 //
-//   lumbra-floor-list   prints the captions
+//   lumbra-floor-list      prints the captions
+//   lumbra-floor-list-qt   the same after making a QCoreApplication: the floor of a
+//                          program on Qt, which pays Qt's start before any work
 //
 // It reads only what the benchmark's store holds: folder paths and captions
 // without quotes or escapes inside them.
+#ifdef LUMBRA_FLOOR_IN_QT
+#include <QCoreApplication>
+#endif
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
@@ -95,7 +100,11 @@ std::unordered_map<std::string, Section> ReadStore(const std::string& path) {
 
 } // namespace
 
-int main() {
+int main([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
+#ifdef LUMBRA_FLOOR_IN_QT
+    // The start that every program on Qt pays, before the same work.
+    const QCoreApplication application(argc, argv);
+#endif
     const char* config = std::getenv("XDG_CONFIG_HOME");
     const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
     const std::string path =

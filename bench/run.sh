@@ -15,9 +15,12 @@
 # The file-system floor (lumbra-floor-scan) lists the folders and reads the header
 # bytes, nothing else; the store floor (lumbra-floor-list) reads the store file, lists
 # the folders and prints the stored captions; the Qt floor (lumbra-floor-window) maps a
-# QMainWindow holding a QListWidget of 1,000 lines. After one warm-up each, Lumbra and
-# its floor take turns BENCH_RUNS times (21 unless set): times are medians, peaks the
-# highest max RSS. Then where the time goes: start-up alone, the rebuild alone (timed
+# QMainWindow holding a QListWidget of 1,000 lines. The scan and the list are also set
+# beside the same two floors run inside a Qt process (lumbra-floor-scan-qt,
+# lumbra-floor-list-qt): Lumbra is a program on Qt, and loading Qt alone takes longer
+# than the whole plain floor of a warm list, so their targets are ratios to these.
+# After one warm-up each, Lumbra and its floors take turns BENCH_RUNS times (21 unless
+# set): times are medians, peaks the highest max RSS. Then where the time goes: start-up alone, the rebuild alone (timed
 # inside lumbra-bench and inside the floor), the file-system calls per game (strace),
 # and the instructions per game past start-up (callgrind; they do not depend on the
 # machine's load, as times do).
@@ -70,6 +73,8 @@ warm_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" list; }
 export_list() { use_store scanned && "$bin/lumbra-bench-time" "$cli" export --force "$work/gamelist.txt"; }
 scan_floor() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan" "$work/games"/*; }
 list_floor() { use_store scanned && "$bin/lumbra-bench-time" "$bin/lumbra-floor-list"; }
+scan_floor_qt() { "$bin/lumbra-bench-time" "$bin/lumbra-floor-scan-qt" "$work/games"/*; }
+list_floor_qt() { use_store scanned && "$bin/lumbra-bench-time" "$bin/lumbra-floor-list-qt"; }
 window() { use_store scanned && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; }
 shot=
 window_shot() { use_store scanned && cp "$work/huge.png" "$shot" && "$bin/lumbra-bench-mapwait" Lumbra "$build/src/lumbra"; rm -f "$shot"; }
@@ -83,17 +88,21 @@ cold_rebuild() { use_store empty && "$bin/lumbra-bench" rebuild "$work/games" | 
 warm_rebuild() { use_store rebuilt && "$bin/lumbra-bench" rebuild "$work/games" | in_process; }
 floor_inside() { "$bin/lumbra-floor-scan" "$work/games"/* | in_process; }
 
-# turns NAME LUMBRA FLOOR: a warm-up of each, then $runs runs taking turns, into
-# $work/NAME.lumbra and $work/NAME.floor.
+# turns NAME LUMBRA FLOOR [QT_FLOOR]: a warm-up of each, then $runs runs taking turns,
+# into $work/NAME.lumbra, $work/NAME.floor and $work/NAME.qtfloor.
 turns() {
+    qt_floor=${4:-}
     $2 >/dev/null
     $3 >/dev/null
+    [ -z "$qt_floor" ] || $qt_floor >/dev/null
     : >"$work/$1.lumbra"
     : >"$work/$1.floor"
+    rm -f "$work/$1.qtfloor"
     run=0
     while [ "$run" -lt "$runs" ]; do
         $2 >>"$work/$1.lumbra"
         $3 >>"$work/$1.floor"
+        [ -z "$qt_floor" ] || $qt_floor >>"$work/$1.qtfloor"
         run=$((run + 1))
     done
 }
@@ -102,13 +111,18 @@ median() { cut -d' ' -f1 "$1" | sort -n | awk '{ v[NR] = $1 }
 peak() { cut -d' ' -f2 "$1" | sort -n | tail -n 1; }
 
 # report LABEL NAME [RATIO_TARGET [PEAK_TARGET_MIB [TIME_TARGET_MS]]]
+# With a floor inside Qt, the ratio target is to that floor.
 report() {
+    qt_floor=
+    [ ! -s "$work/$2.qtfloor" ] || qt_floor=$(median "$work/$2.qtfloor")
     awk -v label="$1:" -v time="$(median "$work/$2.lumbra")" -v floor="$(median "$work/$2.floor")" \
+        -v qt_floor="$qt_floor" \
         -v kib="$(peak "$work/$2.lumbra")" -v floor_kib="$(peak "$work/$2.floor")" \
         -v target="${3:-}" -v peak_target="${4:-}" -v time_target="${5:-}" 'BEGIN {
         printf "%-13s %7.1f ms", label, time
         if (time_target != "") printf " (target < %s ms)", time_target
         printf "   floor %6.1f ms   ratio %6.2fx", floor, time / floor
+        if (qt_floor != "") printf "   floor in Qt %6.1f ms   ratio %6.2fx", qt_floor, time / qt_floor
         if (target != "") printf "   (target <= %sx)", target
         printf "   peak %5.1f MiB", kib / 1024
         if (peak_target != "") printf " (target < %s MiB)", peak_target
@@ -126,8 +140,8 @@ until [ -s "$work/display" ]; do
 done
 export DISPLAY=":$(cat "$work/display")"
 
-turns cold_scan cold_scan scan_floor
-turns warm_list warm_list list_floor
+turns cold_scan cold_scan scan_floor scan_floor_qt
+turns warm_list warm_list list_floor list_floor_qt
 turns export export_list scan_floor
 turns window window window_floor
 use_store scanned

@@ -10,6 +10,7 @@
 
 void GameListing::Fill(const GameList& games, const QString& view) {
     m_entries.clear();
+    m_entries.reserve(static_cast<std::size_t>(games.Count()));
     const bool everyGame = IsAllGamesView(view);
     for (int index = 0; index < GameList::Capacity; ++index) {
         const GameRecord& record = games.Records[index];
