@@ -19,8 +19,16 @@ printf '[Settings]\nFoundEmulatorOffered=0\n' > "$XDG_CONFIG_HOME/Lumbra/Lumbra.
 xvfb-run -a -s "-screen 0 1024x768x24" sh -c '
     store="$XDG_CONFIG_HOME/Lumbra/Lumbra.conf"
     "$0" & pid=$!
-    window=$(xdotool search --sync --onlyvisible --name "^Lumbra$" | head -n 1)
     fail() { kill $pid 2>/dev/null; echo "$1"; exit 1; }
+    # xdotool ends on an X error when a window it walks past goes away, as windows
+    # do while a program starts: the search is tried again until it names one.
+    window=
+    for _ in $(seq 600); do
+        window=$(xdotool search --onlyvisible --name "^Lumbra$" 2>/dev/null | head -n 1)
+        [ -n "$window" ] && break
+        sleep 0.1
+    done
+    [ -n "$window" ] || fail "the main window did not show"
     # open_dialog TITLE KEY...: Options, then the keys, until the dialog shows.
     open_dialog() {
         title=$1
