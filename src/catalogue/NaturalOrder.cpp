@@ -79,35 +79,37 @@ int NaturalCompare(QStringView a, QStringView b) {
 }
 
 QString NaturalSortKey(QStringView folded) {
-    QString key;
-    key.reserve(folded.size() + 2);
-    for (qsizetype i = 0; i < folded.size();) {
-        const QChar c = folded[i];
-        if (!IsDigit(c)) {
-            key.append(c);
-            ++i;
+    // A run of n digits takes at most n + 2 units, and never more than twice n.
+    QString key(folded.size() * 2, Qt::Uninitialized);
+    char16_t* out = reinterpret_cast<char16_t*>(key.data());
+    const char16_t* in = folded.utf16();
+    const char16_t* const end = in + folded.size();
+    while (in != end) {
+        if (!IsDigit(QChar(*in))) {
+            *out++ = *in++;
             continue;
         }
-        const qsizetype end = DigitsEnd(folded, i);
-        for (qsizetype digit = i; digit < end; ++digit) {
-            if (folded[digit].unicode() > u'9')
+        const char16_t* runEnd = in;
+        for (; runEnd != end && IsDigit(QChar(*runEnd)); ++runEnd) {
+            if (*runEnd > u'9')
                 return QString();
         }
-        while (end - i > 1 && folded[i] == u'0')
-            ++i;
+        while (runEnd - in > 1 && *in == u'0')
+            ++in;
         // The length stands where the first digit did: against any other character
         // it compares as a digit would, and a longer number comes later.
-        const qsizetype length = end - i;
+        const qsizetype length = runEnd - in;
         if (length > 0xFFFF)
             return QString();
         if (length < 9) {
-            key.append(QChar(static_cast<char16_t>(u'0' + length)));
+            *out++ = static_cast<char16_t>(u'0' + length);
         } else {
-            key.append(QLatin1Char('9'));
-            key.append(QChar(static_cast<char16_t>(length)));
+            *out++ = u'9';
+            *out++ = static_cast<char16_t>(length);
         }
-        key.append(folded.sliced(i, length));
-        i = end;
+        out = std::copy(in, runEnd, out);
+        in = runEnd;
     }
+    key.truncate(out - reinterpret_cast<const char16_t*>(key.constData()));
     return key;
 }
