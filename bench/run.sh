@@ -20,10 +20,10 @@
 # lumbra-floor-list-qt): Lumbra is a program on Qt, and loading Qt alone takes longer
 # than the whole plain floor of a warm list, so their targets are ratios to these.
 # After one warm-up each, Lumbra and its floors take turns BENCH_RUNS times (21 unless
-# set): times are medians, peaks the highest max RSS. Then where the time goes: start-up alone, the rebuild alone (timed
-# inside lumbra-bench and inside the floor), the file-system calls per game (strace),
-# and the instructions per game past start-up (callgrind; they do not depend on the
-# machine's load, as times do).
+# set): times are medians, peaks the highest max RSS. Then where the time goes:
+# start-up alone, the rebuild alone (timed inside lumbra-bench and inside the floor),
+# the file-system calls per game (strace), and the instructions per game past start-up
+# (callgrind; they do not depend on the machine's load, as times do).
 # Last, the game filter keystroke by keystroke, in process: in the core
 # (lumbra-bench-filter, beside a substring scan over folded captions) and in the main
 # window (lumbra-bench-filter-window, beside a bare list widget refilled with the
