@@ -55,10 +55,14 @@ void WindowTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
 }
 
-void WindowTest::ChooseFromGameMenu(const QString& entry) {
+void WindowTest::OpenGameMenu() {
     QTest::keyClick(List(), Qt::Key_Menu);
-    ASSERT_TRUE(Control<QMenu>("mnuRomMenu")->isVisible());
+    EXPECT_TRUE(Control<QMenu>("mnuRomMenu")->isVisible());
     Control<QMenu>("mnuRomMenu")->hide();
+}
+
+void WindowTest::ChooseFromGameMenu(const QString& entry) {
+    OpenGameMenu();
     for (QAction* action : m_window->findChildren<QAction*>()) {
         if (action->objectName() == entry || (action->isVisible() && action->data() == entry)) {
             ASSERT_TRUE(action->isEnabled()) << entry.toStdString();

@@ -4,15 +4,11 @@
 #include "ui/MainWindowLayout.h"
 #include "ui/ScreenFit.h"
 #include "ui/SnapshotPane.h"
-#include "ui/frmEventLog.h"
 #include "ui/frmProfileEditor.h"
 #include "ui/frmRomInfo.h"
 #include "ui/frmSnapshotWizard.h"
 
-#include <QAction>
-#include <QDialog>
 #include <QFontMetrics>
-#include <QLabel>
 #include <QLayout>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -100,7 +96,7 @@ TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
               dialog.findChild<QWidget*>("fraGeneral")->width());
 }
 
-TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20Lines) {
+TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20LinesAndPicturesScaleByWholeSteps) {
     for (const int lineHeight : {14, 18, 24}) {
         const QSize inner = MainWindowLayout::FirstInnerSize(lineHeight, 1);
         const QRect pane = MainWindowLayout::SnapshotPaneGeometry(inner);
@@ -111,9 +107,7 @@ TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20Lines) {
         EXPECT_LE(inner.width() + 16, 1280);
         EXPECT_LE(inner.height() + 2 * 30 + 48, 800);
     }
-}
-
-TEST(MainWindowLayoutTest, PicturesScaleByWholeStepsAndShrinkSmoothly) {
+    // Pictures scale by whole steps and shrink smoothly.
     EXPECT_EQ(FitPicture({256, 224}, {800, 700}).Size, QSize(768, 672)); // 3x
     EXPECT_TRUE(FitPicture({256, 224}, {800, 700}).Sharp);
     EXPECT_EQ(FitPicture({256, 224}, {767, 700}).Size, QSize(512, 448)); // 3x no longer fits

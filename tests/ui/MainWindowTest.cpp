@@ -22,8 +22,10 @@ protected:
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
 };
 
-TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
+TEST_F(MainWindowTest, StartsInOrderListsTheDefaultGroupOrUngroupedAndTheGamesProfiles) {
     SeedStore("No Such Group");
+    for (const char* profile : {"fast", "Basic", "clean"})
+        WriteProfile(m_state.Store, "Snes9X", QString::fromLatin1(profile), "-x");
     StartWindow({"/DEBUG"});
     EXPECT_TRUE(LogText().startsWith(QStringLiteral(
         "\r\n\r\n=== Loaded frmEventLog ===\r\nEmulator Defined: Nlke\r\nEmulator Defined: Snes9X"
@@ -43,6 +45,21 @@ TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
     const qsizetype fills = LogText().count("Adding games to list for group");
     ChooseGroup("RPG"); // the same group again: not filled again
     EXPECT_EQ(LogText().count("Adding games to list for group"), fills);
+
+    // The profile menu lists the game's emulator's profiles sorted.
+    auto* menu = Control<QMenu>("mnuRomMenu");
+    ClickLine(List(), 0, Qt::RightButton);
+    ASSERT_TRUE(menu->isVisible());
+    menu->hide();
+    EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_Profile")).mid(0, 4),
+              (QStringList{"Basic", "clean", "fast*", "&Default"}));
+    const GameRecord& tetris = m_state.Games.Records[Game("Tetris")];
+
+    // "New..." creates a profile for the game's emulator and gives it to the game.
+    SaveProfileInEditor("  Speedy ", "-m 2");
+    Control<QAction>("mnuProfile_New")->trigger();
+    EXPECT_EQ(tetris.Profile, "Speedy");
+    EXPECT_EQ(ReadProfile(m_state.Store, "Snes9X", "Speedy"), "-m 2");
 }
 
 TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheCloseReason) {
@@ -184,31 +201,6 @@ TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
         m_window->close();
         EXPECT_EQ(SettingsStore().Read("Settings", "MainForm"), "900;1125;9000;6750;" + state);
     }
-}
-
-TEST_F(MainWindowTest, TheProfileMenuListsTheEmulatorsProfilesSortedAndNewGivesOne) {
-    SeedStore();
-    for (const char* profile : {"fast", "Basic", "clean"})
-        WriteProfile(m_state.Store, "Snes9X", QString::fromLatin1(profile), "-x");
-    StartWindow();
-    ChooseGroup("RPG");
-    auto* menu = Control<QMenu>("mnuRomMenu");
-    ClickLine(List(), 0, Qt::RightButton);
-    ASSERT_TRUE(menu->isVisible());
-    menu->hide();
-    EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_Profile")).mid(0, 4),
-              (QStringList{"Basic", "clean", "fast*", "&Default"}));
-    const GameRecord& tetris = m_state.Games.Records[Game("Tetris")];
-
-    // "New..." creates a profile for the game's emulator and gives it to the game.
-    RunWhenModal([](QWidget* editor) {
-        QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "  Speedy ");
-        QTest::keyClicks(editor->findChild<QLineEdit*>("txtOptions"), "-m 2");
-        QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-    });
-    Control<QAction>("mnuProfile_New")->trigger();
-    EXPECT_EQ(tetris.Profile, "Speedy");
-    EXPECT_EQ(ReadProfile(m_state.Store, "Snes9X", "Speedy"), "-m 2");
 }
 
 } // namespace

@@ -56,15 +56,13 @@ protected:
     }
     void Press(const QString& name) { QTest::keyClick(Reveal(name), Qt::Key_Space); }
     void Click(const QString& name) { QTest::mouseClick(Reveal(name), Qt::LeftButton); }
-    void Type(const QString& name, const QString& text) {
-        Reveal<QLineEdit>(name)->selectAll();
-        QTest::keyClicks(Control<QLineEdit>(name), text);
-    }
+    void Type(const QString& name, const QString& text) { TypeInto(Reveal<QLineEdit>(name), text); }
     QString TextOf(const QString& name) const { return Control<QLineEdit>(name)->text(); }
     std::unique_ptr<frmSettings> m_dialog;
 };
 
-TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesItsOwn) {
+TEST_F(SettingsDialogTest,
+       EveryPageShowsTheStoredSettingsEachControlWritesItsOwnAndFoundEmulatorsJoin) {
     SeedStore();
     EnableLog();
     Open();
@@ -117,10 +115,7 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesIt
     EXPECT_EQ(m_state.Emulators.Records[0].Folder + m_state.Emulators.Records[0].DefaultProfile +
                   m_state.Emulators.Records[1].Folder,
               "/nlke/quick/emus/snes9x/");
-    RunWhenModal([](QWidget* editor) { // "Settings..." makes a new profile the emulator's default
-        QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "Smooth");
-        QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-    });
+    SaveProfileInEditor("Smooth"); // "Settings..." makes a new profile the emulator's default
     Click("cmdEmuSettings");
     EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile + TextOf("txtDefaultProfile"),
               "SmoothSmooth");
@@ -135,11 +130,8 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesIt
     Type("txtSPCProgram", "gme");
     Type("txtSPCParameters", "--loop");
     EXPECT_EQ(m_state.Options.SPC_OpenWith + m_state.Options.SPC_App, "%CUSTOMgme;--loop");
-}
 
-TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenAndFindEmulatorsAddsTheFound) {
-    SeedStore();
-    Open();
+    // The browsers name the emulator chosen; Find Emulators adds the emulators found.
     const QString bin = WithMednafenOnPath([this] { Click("cmdFindEmulators"); });
     PickFromList(Reveal<QComboBox>("cboEmulator"), "ZSnes");
     const QStringList buttons{"cmdEmuFolder_Browse",      "cmdEmuSaveFolder_Browse",
