@@ -113,7 +113,7 @@ TEST_F(FindGamesTest, TypingFindsGamesByEveryWordAndTheKeysLeadOn) {
     EXPECT_EQ(Filter()->text(), QString());
 }
 
-TEST_F(FindGamesTest, TheGameMenusKeysActOnTheSelectedGame) {
+TEST_F(FindGamesTest, TheGameMenusKeysActOnTheSelectedGameAndAllGamesIsNoGroupToSendItTo) {
     Start();
     QStringList keys; // shown in the menu
     for (const char* entry : {"mnuRomMenu_Rename", "mnuRomMenu_Remove", "mnuRomMenu_GameInfo"})
@@ -146,10 +146,8 @@ TEST_F(FindGamesTest, TheGameMenusKeysActOnTheSelectedGame) {
     Press(Qt::Key_Escape);
     EXPECT_EQ(List()->count(), 5);
     EXPECT_EQ(m_prompts.Asked().size(), 1);
-}
 
-TEST_F(FindGamesTest, AllGamesIsNoGroupToSendAGameTo) {
-    Start();
+    // "All Games" is no group to send a game to.
     m_state.Options.AutoSwitchGroup = 0;
     List()->setCurrentRow(2);
     ASSERT_EQ(Selected(), "Pokémon Stadium");
@@ -163,7 +161,7 @@ TEST_F(FindGamesTest, AllGamesIsNoGroupToSendAGameTo) {
     EXPECT_EQ(offered(), (QStringList{"RPG", "Action", "Ungrouped*", "&New Group..."}));
     ChooseFromGameMenu("RPG");
     EXPECT_EQ(m_state.Games.Records[Game("Pokémon Stadium")].Group, "RPG");
-    EXPECT_EQ(List()->count(), 6);
+    EXPECT_EQ(List()->count(), 5);
     EXPECT_EQ(Selected(), "Pokémon Stadium");
     EXPECT_EQ(offered(), (QStringList{"RPG*", "Action", "Ungrouped", "&New Group..."}));
 

@@ -2,6 +2,7 @@
 #include "config/Settings.h"
 #include "emulators/FoundEmulators.h"
 #include "support/SnesImageBuilder.h"
+#include "support/StandInEmulator.h"
 #include "support/WindowTest.h"
 #include "ui/frmSettings.h"
 
@@ -12,28 +13,6 @@ namespace {
 
 class SettingsDialogTest : public WindowTest {
 protected:
-    // A store as a player who has set everything up leaves it.
-    void SeedStore() {
-        AppState seed;
-        DefineEmulators(seed.Emulators, seed.Store);
-        seed.Emulators.Records[1] = {"Snes9X", "/emus/snes9x/", "/emus/saves/", "", "fast", ""};
-        seed.Groups.AddGroup("RPG");
-        seed.GameFolders.AddGameFolder(MakeFolder("Games") + '/');
-        Settings& options = seed.Options;
-        options.DefaultEmulator = "Snes9X";
-        options.DefaultGroup = "Gone";
-        options.ExportFolder = "/exports/";
-        options.SnapshotFolder = "/snaps/";
-        options.Snapshots_NoSnapPic = "/snaps/none.png";
-        options.SPC_OpenWith = "%custom";
-        options.SPC_App = "spcplay;-q";
-        options.StateClickDeletes = options.Snapshots_AutoUse1st = options.SPC_DisplayList = 1;
-        options.AutoSwitchGroup = options.Snapshots_Show = options.SPC_ShowMenu = 0;
-        SaveEverything(seed);
-        LoadConfiguration(m_state);
-        ImportGroupList(m_state, "reg", QString());
-    }
-
     void Open() {
         m_dialog = std::make_unique<frmSettings>(m_state, m_prompts, m_shell, nullptr);
         ASSERT_TRUE(ShownOnScreen(m_dialog.get()));
@@ -63,7 +42,25 @@ protected:
 
 TEST_F(SettingsDialogTest,
        EveryPageShowsTheStoredSettingsEachControlWritesItsOwnAndFoundEmulatorsJoin) {
-    SeedStore();
+    // A store as a player who has set everything up leaves it.
+    AppState seed;
+    DefineEmulators(seed.Emulators, seed.Store);
+    seed.Emulators.Records[1] = {"Snes9X", "/emus/snes9x/", "/emus/saves/", "", "fast", ""};
+    seed.Groups.AddGroup("RPG");
+    seed.GameFolders.AddGameFolder(MakeFolder("Games") + '/');
+    Settings& options = seed.Options;
+    options.DefaultEmulator = "Snes9X";
+    options.DefaultGroup = "Gone";
+    options.ExportFolder = "/exports/";
+    options.SnapshotFolder = "/snaps/";
+    options.Snapshots_NoSnapPic = "/snaps/none.png";
+    options.SPC_OpenWith = "%custom";
+    options.SPC_App = "spcplay;-q";
+    options.StateClickDeletes = options.Snapshots_AutoUse1st = options.SPC_DisplayList = 1;
+    options.AutoSwitchGroup = options.Snapshots_Show = options.SPC_ShowMenu = 0;
+    SaveEverything(seed);
+    LoadConfiguration(m_state);
+    ImportGroupList(m_state, "reg", QString());
     EnableLog();
     Open();
     EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmSettings ===\r\nAdding groups to "
@@ -178,6 +175,62 @@ TEST_F(SettingsDialogTest,
     EXPECT_FALSE(ItemTexts(list).contains("Mednafen"));
     EXPECT_EQ(defaultEmulator->findText("Mednafen"), -1);
     EXPECT_FALSE(FindFoundEmulator(m_state.Store, "Mednafen"));
+}
+
+TEST_F(SettingsDialogTest, EditingAFoundEmulatorSavesWhatThePlayerTypedOnlyWhenItCanRun) {
+    DefineEmulators(m_state.Emulators, m_state.Store);
+    FoundEmulator mednafen;
+    mednafen.Name = mednafen.Entry = "Mednafen";
+    mednafen.Program = WriteStandInScript(MakeFolder("Emulators") + "/mednafen", "exit 0");
+    mednafen.Command = "{program} {options} {game}";
+    WriteFoundEmulator(m_state.Store, mednafen);
+    Open();
+    auto* list = Reveal<QListWidget>("lstFoundEmulators");
+    ClickLine(list, static_cast<int>(ItemTexts(list).indexOf("Mednafen")));
+    // Opens the editor with a click on "Edit..." and runs the steps in it, which close it.
+    const auto edit = [this](const std::function<void(QDialog*)>& steps) {
+        InDialog([this] { Click("cmdEditFoundEmulator"); },
+                 [&steps](QDialog* editor) {
+                     steps(editor);
+                     EXPECT_FALSE(editor->isVisible()) << "the editor is still open";
+                 });
+    };
+    const auto type = [](QWidget* editor, const char* field, const QString& text) {
+        TypeInto(ControlIn<QLineEdit>(editor, field), text);
+    };
+
+    const QString shots = MakeFolder("My Shots");
+    m_shell.AnswerFolder(shots);
+    bool stayedOpen = false;
+    edit([&](QDialog* editor) {
+        // A command without the game, then a program that cannot run, are refused.
+        type(editor, "txtCommand", "{program} -fs 1");
+        ClickOn(editor, "cmdOK");
+        type(editor, "txtCommand", "{program} -fs 1 {options} {game}");
+        type(editor, "txtProgram", TempPath("Emulators/missing"));
+        ClickOn(editor, "cmdOK");
+        stayedOpen = editor->isVisible();
+        type(editor, "txtProgram", mednafen.Program);
+        type(editor, "txtDefaultProfile", "Full Screen");
+        ClickOn(editor, "cmdScreenshotFolder_Browse");
+        ClickOn(editor, "cmdOK");
+    });
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(m_prompts.AskedTexts(),
+              (QStringList{"The command needs {game} where the game's path goes.",
+                           "The program \"" + TempPath("Emulators/missing") +
+                               "\" is not a file that can be run."}));
+    FoundEmulator edited = mednafen;
+    edited.Command = "{program} -fs 1 {options} {game}";
+    edited.DefaultProfile = "Full Screen";
+    edited.ScreenshotFolder = shots; // as picked, letter case kept
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen"), edited);
+
+    edit([&](QDialog* editor) { // Cancel keeps what was stored
+        type(editor, "txtCommand", "{program} {game} --changed");
+        ClickOn(editor, "cmdCancel");
+    });
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen"), edited);
 }
 
 TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
