@@ -86,6 +86,18 @@ inline void RunWhenModal(const std::function<void(QWidget*)>& steps) {
     });
 }
 
+// Runs the steps in the dialog that open() brings up, and closes it when they did not.
+inline void InDialog(const std::function<void()>& open,
+                     const std::function<void(QDialog*)>& steps) {
+    RunWhenModal([&steps](QWidget* modal) {
+        auto* dialog = qobject_cast<QDialog*>(modal);
+        steps(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+    open();
+}
+
 // Names the profile, with its options, in the profile editor that is about to open, and
 // saves it.
 inline void SaveProfileInEditor(const QString& name, const QString& options = {}) {

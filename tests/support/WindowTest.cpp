@@ -1,5 +1,6 @@
 #include "support/WindowTest.h"
 #include "app/Startup.h"
+#include "support/EnvironmentChange.h"
 #include "support/StandInEmulator.h"
 #include "support/WidgetSteps.h"
 
@@ -27,10 +28,8 @@ QString WindowTest::SeedGames(const QString& folderName, const Games& games,
 QString WindowTest::WithMednafenOnPath(const std::function<void()>& steps) {
     const QString bin = MakeFolder("bin");
     WriteStandInScript(bin + "/mednafen", "exit 0");
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", bin.toLocal8Bit());
+    const EnvironmentChange onPath("PATH", bin);
     steps();
-    qputenv("PATH", path);
     return bin;
 }
 
@@ -70,15 +69,4 @@ void WindowTest::ChooseFromGameMenu(const QString& entry) {
         }
     }
     ADD_FAILURE() << "no entry " << entry.toStdString();
-}
-
-void WindowTest::InDialog(const std::function<void()>& open,
-                          const std::function<void(QDialog*)>& steps) {
-    RunWhenModal([&steps](QWidget* modal) {
-        auto* dialog = qobject_cast<QDialog*>(modal);
-        steps(dialog);
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    open();
 }

@@ -67,9 +67,6 @@ protected:
     // Opens the game menu and chooses an enabled entry by its name, or a group of
     // "Send To Group..." by the group.
     void ChooseFromGameMenu(const QString& entry);
-    // Runs the steps in the dialog that open() brings up, and closes it when they did not.
-    static void InDialog(const std::function<void()>& open,
-                         const std::function<void(QDialog*)>& steps);
 
     bool m_offerFoundEmulators = false;
     ScriptedPrompts m_prompts;

@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 #include "config/Profiles.h"
+#include "emulators/FoundEmulators.h"
 #include "support/FileSizeLimit.h"
 #include "support/WindowTest.h"
 
@@ -20,6 +21,10 @@ protected:
                   defaultGroup);
     }
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
+    void StartWithMednafen() {
+        m_offerFoundEmulators = true;
+        WithMednafenOnPath([this] { StartWindow(); });
+    }
 };
 
 TEST_F(MainWindowTest, StartsInOrderListsTheDefaultGroupOrUngroupedAndTheGamesProfiles) {
@@ -201,6 +206,32 @@ TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
         m_window->close();
         EXPECT_EQ(SettingsStore().Read("Settings", "MainForm"), "900;1125;9000;6750;" + state);
     }
+}
+
+TEST_F(MainWindowTest, AFirstRunOffersTheBestFoundEmulatorOnceAsTheDefault) {
+    m_prompts.AnswerMessage(PromptAnswer::Yes);
+    StartWithMednafen();
+    ASSERT_EQ(m_prompts.Asked().size(), 1);
+    const QString best = ReadFoundEmulators(m_state.Store).first().Name;
+    EXPECT_TRUE(m_prompts.AskedTexts().first().startsWith(best + " was found on this system"));
+    EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNo);
+    EXPECT_EQ(m_state.Options.DefaultEmulator, best);
+    EXPECT_TRUE(FindFoundEmulator(m_state.Store, "Mednafen"));
+
+    // Asked once only.
+    m_window.reset();
+    StartWithMednafen();
+    EXPECT_EQ(m_prompts.Asked().size(), 1);
+}
+
+TEST_F(MainWindowTest, NoFoundEmulatorIsOfferedWhenOneOfTheThreeIsSetUp) {
+    AppState seed;
+    DefineEmulators(seed.Emulators, seed.Store);
+    seed.Options = DefaultSettings();
+    seed.Emulators.Records[1].Folder = "/emus/snes9x/";
+    SaveEverything(seed);
+    StartWithMednafen();
+    EXPECT_TRUE(m_prompts.Asked().isEmpty());
 }
 
 } // namespace
