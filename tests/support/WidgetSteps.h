@@ -39,6 +39,9 @@ inline void TypeInto(QLineEdit* line, const QString& text) {
     line->selectAll();
     QTest::keyClicks(line, text);
 }
+inline void TypeInto(const QWidget* window, const QString& name, const QString& text) {
+    TypeInto(ControlIn<QLineEdit>(window, name), text);
+}
 
 // Picks the entry from the selector's drop-down list, as a player would.
 inline void PickFromList(QComboBox* box, const QString& entry) {

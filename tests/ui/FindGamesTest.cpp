@@ -22,11 +22,7 @@ protected:
                             "3;2026-11-20T10:05:00Z;5400");
         m_state.Store.Sync();
         StartWindow();
-        Activate();
-    }
-    // The window takes the keys again, as after a dialog closes.
-    void Activate() {
-        m_window->activateWindow();
+        m_window->activateWindow(); // the window takes the keys
         ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
     }
     QLineEdit* Filter() const { return Control<QLineEdit>("txtFilter"); }

@@ -37,10 +37,6 @@ protected:
     void WithGameInfo(const std::function<void(QDialog*)>& steps) {
         InDialog([this] { ChooseFromGameMenu("mnuRomMenu_GameInfo"); }, steps);
     }
-    void OpenSaveStates() { // probed as it opens
-        Control<QMenu>("mnuSaveStates")->popup({});
-        Control<QMenu>("mnuSaveStates")->hide();
-    }
     QStringList LogLines(const QString& pattern) const {
         return LogText().split("\r\n").filter(QRegularExpression(pattern));
     }
@@ -65,7 +61,8 @@ TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGameAndItsSaveSta
     EXPECT_EQ(MenuEntries(menu, true).size(), 8); // every entry
     EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_SendToGroup")),
               (QStringList{"RPG*", "Action && Adventure", "Ungrouped", "&New Group..."}));
-    OpenSaveStates();
+    Control<QMenu>("mnuSaveStates")->popup({}); // probed as it opens
+    Control<QMenu>("mnuSaveStates")->hide();
     EXPECT_EQ(MenuEntries(Control<QMenu>("mnuSaveStates_Snes9X"), true), QStringList{"(1) Used"});
     for (const qint16 clickDeletes : {0, 1}) { // only when the setting is on
         m_state.Options.StateClickDeletes = clickDeletes;

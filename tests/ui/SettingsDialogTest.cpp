@@ -187,33 +187,24 @@ TEST_F(SettingsDialogTest, EditingAFoundEmulatorSavesWhatThePlayerTypedOnlyWhenI
     Open();
     auto* list = Reveal<QListWidget>("lstFoundEmulators");
     ClickLine(list, static_cast<int>(ItemTexts(list).indexOf("Mednafen")));
-    // Opens the editor with a click on "Edit..." and runs the steps in it, which close it.
-    const auto edit = [this](const std::function<void(QDialog*)>& steps) {
-        InDialog([this] { Click("cmdEditFoundEmulator"); },
-                 [&steps](QDialog* editor) {
-                     steps(editor);
-                     EXPECT_FALSE(editor->isVisible()) << "the editor is still open";
-                 });
-    };
-    const auto type = [](QWidget* editor, const char* field, const QString& text) {
-        TypeInto(ControlIn<QLineEdit>(editor, field), text);
-    };
 
     const QString shots = MakeFolder("My Shots");
     m_shell.AnswerFolder(shots);
     bool stayedOpen = false;
-    edit([&](QDialog* editor) {
+    const auto openEditor = [this] { Click("cmdEditFoundEmulator"); };
+    InDialog(openEditor, [&](QDialog* editor) {
         // A command without the game, then a program that cannot run, are refused.
-        type(editor, "txtCommand", "{program} -fs 1");
+        TypeInto(editor, "txtCommand", "{program} -fs 1");
         ClickOn(editor, "cmdOK");
-        type(editor, "txtCommand", "{program} -fs 1 {options} {game}");
-        type(editor, "txtProgram", TempPath("Emulators/missing"));
+        TypeInto(editor, "txtCommand", "{program} -fs 1 {options} {game}");
+        TypeInto(editor, "txtProgram", TempPath("Emulators/missing"));
         ClickOn(editor, "cmdOK");
         stayedOpen = editor->isVisible();
-        type(editor, "txtProgram", mednafen.Program);
-        type(editor, "txtDefaultProfile", "Full Screen");
+        TypeInto(editor, "txtProgram", mednafen.Program);
+        TypeInto(editor, "txtDefaultProfile", "Full Screen");
         ClickOn(editor, "cmdScreenshotFolder_Browse");
         ClickOn(editor, "cmdOK");
+        EXPECT_FALSE(editor->isVisible());
     });
     EXPECT_TRUE(stayedOpen);
     EXPECT_EQ(m_prompts.AskedTexts(),
@@ -226,9 +217,10 @@ TEST_F(SettingsDialogTest, EditingAFoundEmulatorSavesWhatThePlayerTypedOnlyWhenI
     edited.ScreenshotFolder = shots; // as picked, letter case kept
     EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen"), edited);
 
-    edit([&](QDialog* editor) { // Cancel keeps what was stored
-        type(editor, "txtCommand", "{program} {game} --changed");
+    InDialog(openEditor, [&](QDialog* editor) { // Cancel keeps what was stored
+        TypeInto(editor, "txtCommand", "{program} {game} --changed");
         ClickOn(editor, "cmdCancel");
+        EXPECT_FALSE(editor->isVisible());
     });
     EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen"), edited);
 }
