@@ -8,16 +8,13 @@ namespace {
 using ExportPrefsTest = LumbraTest;
 
 TEST_F(ExportPrefsTest, HandEditedValuesFallBackToTheDefaults) {
-    const auto write = [this](const QString& key, const QString& value) {
+    // "Group" twice in the write order; a pattern index past the one stored pattern.
+    const QList<std::pair<QString, QString>> stored = {
+        {"optExportMethod", "4"}, {"cboSortMethods", "two"}, {"optFileFormat", "-1"},
+        {"cboWriteOrder0", "1"},  {"chkWriteOrder3", "0"},   {"File Pattern 00", "*.bin"},
+        {"cboFilePatterns", "1"}};
+    for (const auto& [key, value] : stored)
         m_state.Store.Write(ExportPrefsSection, key, value);
-    };
-    write("optExportMethod", "4");
-    write("cboSortMethods", "two");
-    write("optFileFormat", "-1");
-    write("cboWriteOrder0", "1"); // "Group" twice
-    write("chkWriteOrder3", "0");
-    write("File Pattern 00", "*.bin");
-    write("cboFilePatterns", "1"); // past the one stored pattern
     const ExportPrefs loaded = LoadExportPrefs(m_state.Store);
     const ExportPrefs defaults;
     EXPECT_EQ(loaded.ExportMethod, 0);

@@ -34,6 +34,15 @@ inline void ClickOn(const QWidget* window, const QString& name) {
     QTest::mouseClick(ControlIn(window, name), Qt::LeftButton);
 }
 
+// Replaces the line's text with the text, typed as a player would.
+inline void TypeInto(QLineEdit* line, const QString& text) {
+    line->selectAll();
+    QTest::keyClicks(line, text);
+}
+inline void TypeInto(const QWidget* window, const QString& name, const QString& text) {
+    TypeInto(ControlIn<QLineEdit>(window, name), text);
+}
+
 // Picks the entry from the selector's drop-down list, as a player would.
 inline void PickFromList(QComboBox* box, const QString& entry) {
     box->showPopup();
@@ -77,6 +86,28 @@ inline void RunWhenModal(const std::function<void(QWidget*)>& steps) {
             steps(dialog);
         else
             RunWhenModal(steps);
+    });
+}
+
+// Runs the steps in the dialog that open() brings up, and closes it when they did not.
+inline void InDialog(const std::function<void()>& open,
+                     const std::function<void(QDialog*)>& steps) {
+    RunWhenModal([&steps](QWidget* modal) {
+        auto* dialog = qobject_cast<QDialog*>(modal);
+        steps(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+    open();
+}
+
+// Names the profile, with its options, in the profile editor that is about to open, and
+// saves it.
+inline void SaveProfileInEditor(const QString& name, const QString& options = {}) {
+    RunWhenModal([name, options](QWidget* editor) {
+        QTest::keyClicks(ControlIn<QLineEdit>(editor, "txtProfileName"), name);
+        QTest::keyClicks(ControlIn<QLineEdit>(editor, "txtOptions"), options);
+        ClickOn(editor, "cmdOK");
     });
 }
 

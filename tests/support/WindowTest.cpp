@@ -1,5 +1,6 @@
 #include "support/WindowTest.h"
 #include "app/Startup.h"
+#include "support/EnvironmentChange.h"
 #include "support/StandInEmulator.h"
 #include "support/WidgetSteps.h"
 
@@ -27,10 +28,8 @@ QString WindowTest::SeedGames(const QString& folderName, const Games& games,
 QString WindowTest::WithMednafenOnPath(const std::function<void()>& steps) {
     const QString bin = MakeFolder("bin");
     WriteStandInScript(bin + "/mednafen", "exit 0");
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", bin.toLocal8Bit());
+    const EnvironmentChange onPath("PATH", bin);
     steps();
-    qputenv("PATH", path);
     return bin;
 }
 
@@ -55,10 +54,14 @@ void WindowTest::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
 }
 
-void WindowTest::ChooseFromGameMenu(const QString& entry) {
+void WindowTest::OpenGameMenu() {
     QTest::keyClick(List(), Qt::Key_Menu);
-    ASSERT_TRUE(Control<QMenu>("mnuRomMenu")->isVisible());
+    EXPECT_TRUE(Control<QMenu>("mnuRomMenu")->isVisible());
     Control<QMenu>("mnuRomMenu")->hide();
+}
+
+void WindowTest::ChooseFromGameMenu(const QString& entry) {
+    OpenGameMenu();
     for (QAction* action : m_window->findChildren<QAction*>()) {
         if (action->objectName() == entry || (action->isVisible() && action->data() == entry)) {
             ASSERT_TRUE(action->isEnabled()) << entry.toStdString();
@@ -66,15 +69,4 @@ void WindowTest::ChooseFromGameMenu(const QString& entry) {
         }
     }
     ADD_FAILURE() << "no entry " << entry.toStdString();
-}
-
-void WindowTest::InDialog(const std::function<void()>& open,
-                          const std::function<void(QDialog*)>& steps) {
-    RunWhenModal([&steps](QWidget* modal) {
-        auto* dialog = qobject_cast<QDialog*>(modal);
-        steps(dialog);
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    open();
 }

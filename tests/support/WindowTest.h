@@ -61,12 +61,12 @@ protected:
     // Keys to whichever control has the keyboard focus, as a player would type them.
     static void Type(const QString& text);
     static void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    // Opens the game menu with the context-menu key and chooses an enabled entry by its
-    // name, or a group of "Send To Group..." by the group.
+    // Opens the game menu with the context-menu key, which prepares it for the selected
+    // game, and closes it again.
+    void OpenGameMenu();
+    // Opens the game menu and chooses an enabled entry by its name, or a group of
+    // "Send To Group..." by the group.
     void ChooseFromGameMenu(const QString& entry);
-    // Runs the steps in the dialog that open() brings up, and closes it when they did not.
-    static void InDialog(const std::function<void()>& open,
-                         const std::function<void(QDialog*)>& steps);
 
     bool m_offerFoundEmulators = false;
     ScriptedPrompts m_prompts;

@@ -1,19 +1,17 @@
+#include "support/EnvironmentChange.h"
 #include "support/ScriptedPrompts.h"
 #include "support/ScriptedShell.h"
+#include "support/StandInEmulator.h"
 #include "support/TestFixtures.h"
 #include "support/WidgetSteps.h"
 #include "ui/frmAbout.h"
-
-#include <QFile>
 
 namespace {
 
 using AboutBoxTest = LumbraTest;
 
 TEST_F(AboutBoxTest, ShowsTheVersionAndStartsTheSystemInformationToolOrSaysWhatQtKnows) {
-    const QByteArray path = qgetenv("PATH");
-    const QString tool = WriteFile("tools/kinfocenter", "#!/bin/sh\n");
-    QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
+    const QString tool = WriteStandInScript(MakeFolder("tools") + "/kinfocenter", "exit 0");
     ScriptedPrompts prompts;
     ScriptedShell shell;
     frmAbout about(prompts, shell);
@@ -24,10 +22,9 @@ TEST_F(AboutBoxTest, ShowsTheVersionAndStartsTheSystemInformationToolOrSaysWhatQ
 
     auto* sysInfo = about.findChild<QPushButton*>("cmdSysInfo");
     for (const QString& folder : {TempPath("tools"), MakeFolder("empty")}) {
-        qputenv("PATH", folder.toLocal8Bit());
+        const EnvironmentChange onPath("PATH", folder);
         QTest::mouseClick(sysInfo, Qt::LeftButton);
     }
-    qputenv("PATH", path);
     EXPECT_EQ(shell.Calls(), (QList<ScriptedShell::Call>{{"ShellExecute", {tool, "", ""}}}));
     ASSERT_EQ(prompts.Asked().size(), 1);
     EXPECT_EQ(prompts.Asked().first().title, "System Information");

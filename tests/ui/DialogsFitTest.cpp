@@ -1,18 +1,12 @@
-#include "catalogue/RomInfoRequest.h"
 #include "snapshots/SnapshotWizard.h"
 #include "support/WindowTest.h"
 #include "ui/MainWindowLayout.h"
 #include "ui/ScreenFit.h"
 #include "ui/SnapshotPane.h"
-#include "ui/frmEventLog.h"
 #include "ui/frmProfileEditor.h"
-#include "ui/frmRomInfo.h"
 #include "ui/frmSnapshotWizard.h"
 
-#include <QAction>
-#include <QDialog>
 #include <QFontMetrics>
-#include <QLabel>
 #include <QLayout>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -36,18 +30,33 @@ QSize SmallestSize(const QWidget* window) {
 
 using DialogsFitTest = WindowTest;
 
-TEST_F(DialogsFitTest, EveryDialogFitsASmallScreen) {
-    SeedGames("Games", {{"zelda.smc", "Zelda;Ungrouped"}}, "All Games");
+TEST_F(DialogsFitTest, EveryDialogFitsASmallScreenAndALongFileNameLosesItsMiddle) {
+    const QString name = QString(50, 'a') + "_zzzzz.smc"; // 60 characters
+    SeedGames("Games", {{name, "Zelda;Ungrouped"}}, "All Games");
     StartWindow();
     List()->setCurrentRow(0);
-    for (const char* entry :
+    for (const QString entry :
          {"mnuOptions_GroupManager", "mnuOptions_Settings", "mnuOptions_Export_GameList",
           "mnuOptions_About", "mnuRomMenu_GameInfo"}) {
         QSize smallest; // of the dialog opened through the main window's menu entry
         InDialog([&] { Control<QAction>(entry)->trigger(); },
-                 [&smallest](QDialog* dialog) { smallest = SmallestSize(dialog); });
-        EXPECT_FALSE(smallest.isEmpty()) << entry;
-        EXPECT_EQ(smallest.boundedTo(SmallScreen), smallest) << entry;
+                 [&](QDialog* dialog) {
+                     smallest = SmallestSize(dialog);
+                     if (entry == "mnuOptions_Export_GameList") // its choices scroll
+                         EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr);
+                     if (entry != "mnuRomMenu_GameInfo")
+                         return;
+                     const auto* label = ControlIn<QLabel>(dialog, "lblFilename");
+                     EXPECT_EQ(label->toolTip(), name); // shown whole there only
+                     EXPECT_TRUE(label->text().startsWith("Filename: aaa") &&
+                                 label->text().endsWith("zz.smc") &&
+                                 label->text().contains(QChar(0x2026)))
+                         << label->text().toStdString();
+                     EXPECT_LE(QFontMetrics(label->font()).horizontalAdvance(label->text()),
+                               ControlIn(dialog, "fraGeneral")->width());
+                 });
+        EXPECT_FALSE(smallest.isEmpty()) << entry.toStdString();
+        EXPECT_EQ(smallest.boundedTo(SmallScreen), smallest) << entry.toStdString();
     }
 
     ScriptedPrompts prompts;
@@ -61,9 +70,6 @@ TEST_F(DialogsFitTest, EveryDialogFitsASmallScreen) {
         const QSize smallest = SmallestSize(window);
         EXPECT_EQ(smallest.boundedTo(SmallScreen), smallest) << window->objectName().toStdString();
     }
-    // The export dialog's choices scroll when the screen is too small for them.
-    InDialog([this] { Control<QAction>("mnuOptions_Export_GameList")->trigger(); },
-             [](QDialog* dialog) { EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr); });
 }
 
 TEST(ScreenFitTest, APageCutShortInHeightScrollsOnlyUpAndDown) {
@@ -81,26 +87,7 @@ TEST(ScreenFitTest, APageCutShortInHeightScrollsOnlyUpAndDown) {
     EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
 }
 
-TEST_F(DialogsFitTest, ALongFileNameLosesItsMiddleAndShowsWholeInItsTooltip) {
-    const QString name = QString(50, 'a') + "_zzzzz.smc"; // 60 characters
-    GameList games;
-    ScriptedPrompts prompts;
-    RomInfoRequest request;
-    request.DisplayFilename = request.RomFilename = name;
-    request.DisplayPath = request.RomPath = TempPath() + '/';
-    request.SelRomIndex = 0;
-    request.ExtractData = false;
-    frmRomInfo dialog(games, prompts, request);
-    const auto* label = dialog.findChild<QLabel*>("lblFilename");
-    EXPECT_EQ(label->toolTip(), name);
-    EXPECT_TRUE(label->text().startsWith("Filename: aaa") && label->text().endsWith("zz.smc") &&
-                label->text().contains(QChar(0x2026)))
-        << label->text().toStdString();
-    EXPECT_LE(QFontMetrics(label->font()).horizontalAdvance(label->text()),
-              dialog.findChild<QWidget*>("fraGeneral")->width());
-}
-
-TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20Lines) {
+TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20LinesAndPicturesScaleByWholeSteps) {
     for (const int lineHeight : {14, 18, 24}) {
         const QSize inner = MainWindowLayout::FirstInnerSize(lineHeight, 1);
         const QRect pane = MainWindowLayout::SnapshotPaneGeometry(inner);
@@ -111,9 +98,7 @@ TEST(MainWindowLayoutTest, TheFirstWindowHoldsA2xSnapshotAnd20Lines) {
         EXPECT_LE(inner.width() + 16, 1280);
         EXPECT_LE(inner.height() + 2 * 30 + 48, 800);
     }
-}
-
-TEST(MainWindowLayoutTest, PicturesScaleByWholeStepsAndShrinkSmoothly) {
+    // Pictures scale by whole steps and shrink smoothly.
     EXPECT_EQ(FitPicture({256, 224}, {800, 700}).Size, QSize(768, 672)); // 3x
     EXPECT_TRUE(FitPicture({256, 224}, {800, 700}).Sharp);
     EXPECT_EQ(FitPicture({256, 224}, {767, 700}).Size, QSize(512, 448)); // 3x no longer fits

@@ -1,4 +1,5 @@
 #include "base/StringHelpers.h"
+#include "export/ExportPrefs.h"
 #include "support/ScriptedPrompts.h"
 #include "support/ScriptedShell.h"
 #include "support/TestFixtures.h"
@@ -8,8 +9,6 @@
 #include <QFile>
 
 namespace {
-
-const QString Section = "Export Prefs";
 
 class ExportDialogTest : public LumbraTest {
 protected:
@@ -23,7 +22,9 @@ protected:
     QComboBox* Box(const QString& name) const { return Control<QComboBox>(name); }
     void Click(const QString& name) { ClickOn(m_dialog.get(), name); }
     void Choose(const QString& name) { QTest::keyClick(Control(name), Qt::Key_Space); }
-    static QString Stored(const QString& key) { return SettingsStore().Read(Section, key); }
+    static QString Stored(const QString& key) {
+        return SettingsStore().Read(ExportPrefsSection, key);
+    }
 
     ScriptedPrompts m_prompts;
     ScriptedShell m_shell;
@@ -40,7 +41,7 @@ TEST_F(ExportDialogTest, OpensWithTheStoredChoicesAndKeepsThemOnClosing) {
         {"cboWriteOrder0", "5"},      {"cboWriteOrder5", "0"},      {"chkWriteOrder1", "0"},
         {"optFileFormat", "1"}};
     for (const auto& [key, value] : stored)
-        m_state.Store.Write(Section, key, value);
+        m_state.Store.Write(ExportPrefsSection, key, value);
     Open();
     EXPECT_TRUE(Control<QRadioButton>("optExportMethod_2")->isChecked() &&
                 Control<QRadioButton>("optFileFormat_1")->isChecked());

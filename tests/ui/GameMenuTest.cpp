@@ -37,16 +37,20 @@ protected:
     void WithGameInfo(const std::function<void(QDialog*)>& steps) {
         InDialog([this] { ChooseFromGameMenu("mnuRomMenu_GameInfo"); }, steps);
     }
-    void OpenSaveStates() { // probed as it opens
-        Control<QMenu>("mnuSaveStates")->popup({});
-        Control<QMenu>("mnuSaveStates")->hide();
-    }
     QStringList LogLines(const QString& pattern) const {
         return LogText().split("\r\n").filter(QRegularExpression(pattern));
     }
 };
 
-TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
+TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGameAndItsSaveStates) {
+    const QString home =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/retroarch";
+    QDir(home).removeRecursively();
+    for (const char* file : {"states/mario.state1", "states/mario.state.auto", "saves/mario.srm",
+                             "states/zelda.state2"})
+        WriteFile(QDir(TempPath()).relativeFilePath(home + '/' + file));
+    m_state.Store.Write("Found Emulators", "RetroArch (Snes9x)",
+                        "RetroArch;/usr/bin/retroarch;/cores/snes9x_libretro.so;;;;;;");
     Start();
     m_state.Emulators.Records[1].SaveFolder = MakeFolder("S9X");
     WriteFile("S9X/MARIO.001");
@@ -57,13 +61,30 @@ TEST_F(GameMenuTest, OpensFromTheKeyboardPreparedForTheSelectedGame) {
     EXPECT_EQ(MenuEntries(menu, true).size(), 8); // every entry
     EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_SendToGroup")),
               (QStringList{"RPG*", "Action && Adventure", "Ungrouped", "&New Group..."}));
-    OpenSaveStates();
+    Control<QMenu>("mnuSaveStates")->popup({}); // probed as it opens
+    Control<QMenu>("mnuSaveStates")->hide();
     EXPECT_EQ(MenuEntries(Control<QMenu>("mnuSaveStates_Snes9X"), true), QStringList{"(1) Used"});
     for (const qint16 clickDeletes : {0, 1}) { // only when the setting is on
         m_state.Options.StateClickDeletes = clickDeletes;
         Control<QAction>("mnuSaveStates_Snes9X_State(1)")->trigger();
     }
-    EXPECT_EQ(m_shell.CallsOf("ShellDeleteFile"), QList<QStringList>{{TempPath("S9X/mario.001")}});
+    // A found emulator has its own submenu, of its real files.
+    QMenu* submenu = Control<QMenu>("mnuSaveStates_RetroArch (Snes9x)");
+    EXPECT_EQ(MenuEntries(submenu, true), (QStringList{"(1) Used", "(Auto) Used", "SRAM File"}));
+    EXPECT_EQ(MenuEntries(submenu).size(), 12); // (0) to (9) too
+    Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_State(1)")->trigger();
+    Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_SRAM")->trigger();
+    EXPECT_EQ(m_shell.CallsOf("ShellDeleteFile"),
+              (QList<QStringList>{{TempPath("S9X/mario.001")},
+                                  {home + "/states/mario.state1"},
+                                  {home + "/saves/mario.srm"}}));
+    OpenGameMenu(); // "Launch Using..." offers it after the three
+    QMenu* launchUsing = Control<QMenu>("mnuRomMenu_LaunchUsing");
+    EXPECT_EQ(MenuEntries(launchUsing),
+              (QStringList{"Nlke", "Snes9X", "ZSnes", "RetroArch (Snes9x)", "Default"}));
+    launchUsing->actions()[3]->trigger();
+    EXPECT_EQ(m_state.Games.Records[Game("Mario")].Emulator, "RetroArch (Snes9x)");
+    QDir(home).removeRecursively();
 
     ChooseGroup("Ungrouped"); // no games: nothing to act on
     QTest::keyClick(List(), Qt::Key_Menu);
@@ -129,7 +150,7 @@ TEST_F(GameMenuTest, SendToGroupSwitchesTheViewAsAutoSwitchGroupSays) {
                            R"(Sent "Zelda" to "Ungrouped")", R"(Sent "Mario" to "RPG")"}));
 }
 
-TEST_F(GameMenuTest, GameInfoShowsTheHeaderAndChecksTheCaptionOnOk) {
+TEST_F(GameMenuTest, GameInfoShowsTheHeaderOfAnImageOrOfAZipWhenAskedAndChecksTheCaption) {
     Start();
     QString header;
     Select("Zelda"); // behind a copier header
@@ -169,13 +190,11 @@ TEST_F(GameMenuTest, GameInfoShowsTheHeaderAndChecksTheCaptionOnOk) {
         LogLines("Caption Changed|^Retrieving"),
         (QStringList{"Retrieving internal data...Done.", "zelda.smc Caption Changed",
                      "Retrieving internal data...Done.", "Retrieving internal data...Done."}));
-}
 
-TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes) {
-    Start();
+    // A zipped game is extracted for its header only when the player says yes.
     m_state.Options.UnzipFolder = MakeFolder("Unzip");
-    ChooseGroup("Action & Adventure");
     Select("Pack");
+    const qsizetype asked = m_prompts.Asked().size();
     m_prompts.AnswerMessage(PromptAnswer::Yes).AnswerMessage(PromptAnswer::No);
     WithGameInfo([this](QDialog* dialog) {
         EXPECT_EQ(ControlIn<QLabel>(dialog, "lblFilename")->text(), "Filename: pack.zip");
@@ -184,10 +203,10 @@ TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes)
         EXPECT_EQ(ControlIn<QLineEdit>(dialog, "txtCaption")->text(), "Final Fantasy 3");
     });
     EXPECT_TRUE(QDir(TempPath("Unzip")).isEmpty()); // flushed once the dialog closed
-    EXPECT_EQ(m_prompts.Asked()[0].text,
+    EXPECT_EQ(m_prompts.Asked().value(asked).text,
               "The file you are requesting information for is compressed.\r\nDo you want to "
               "decompress it and retrieve the additional internal data?");
-    EXPECT_EQ(m_prompts.Asked()[0].icon, PromptIcon::Question);
+    EXPECT_EQ(m_prompts.Asked().value(asked).icon, PromptIcon::Question);
     EXPECT_TRUE(LogText().contains("\r\nDecompressed: " + TempPath("games/pack.zip").toLower()));
 
     WithGameInfo([](QDialog* dialog) { // "No": the narrow dialog (3720 twips) without the header
@@ -196,38 +215,6 @@ TEST_F(GameMenuTest, AZippedGameIsExtractedForItsHeaderOnlyWhenThePlayerSaysYes)
         EXPECT_EQ(dialog->width(), qRound(3720 * dialog->logicalDpiX() / 1440.0));
     });
     EXPECT_TRUE(LogText().contains("\r\nAdjusted form size to hide internal data (not read)."));
-}
-
-TEST_F(GameMenuTest, AFoundEmulatorHasItsOwnSaveStatesSubmenuOfItsRealFiles) {
-    const QString home =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/retroarch";
-    QDir(home).removeRecursively();
-    for (const char* file : {"states/mario.state1", "states/mario.state.auto", "saves/mario.srm",
-                             "states/zelda.state2"})
-        WriteFile(QDir(TempPath()).relativeFilePath(home + '/' + file));
-    m_state.Store.Write("Found Emulators", "RetroArch (Snes9x)",
-                        "RetroArch;/usr/bin/retroarch;/cores/snes9x_libretro.so;;;;;;");
-    Start();
-    Select("Mario");
-    m_state.Options.StateClickDeletes = 1;
-    OpenSaveStates();
-    QMenu* submenu = Control<QMenu>("mnuSaveStates_RetroArch (Snes9x)");
-    EXPECT_EQ(MenuEntries(submenu, true), (QStringList{"(1) Used", "(Auto) Used", "SRAM File"}));
-    EXPECT_EQ(MenuEntries(submenu).size(), 12); // (0) to (9) too
-    Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_State(1)")->trigger();
-    Control<QAction>("mnuSaveStates_RetroArch (Snes9x)_SRAM")->trigger();
-    EXPECT_EQ(m_shell.CallsOf("ShellDeleteFile"),
-              (QList<QStringList>{{home + "/states/mario.state1"}, {home + "/saves/mario.srm"}}));
-
-    // "Launch Using..." offers it after the three.
-    QTest::keyClick(List(), Qt::Key_Menu);
-    Control<QMenu>("mnuRomMenu")->hide();
-    QMenu* launchUsing = Control<QMenu>("mnuRomMenu_LaunchUsing");
-    EXPECT_EQ(MenuEntries(launchUsing),
-              (QStringList{"Nlke", "Snes9X", "ZSnes", "RetroArch (Snes9x)", "Default"}));
-    launchUsing->actions()[3]->trigger();
-    EXPECT_EQ(m_state.Games.Records[Game("Mario")].Emulator, "RetroArch (Snes9x)");
-    QDir(home).removeRecursively();
 }
 
 } // namespace

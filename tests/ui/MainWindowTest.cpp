@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 #include "config/Profiles.h"
+#include "emulators/FoundEmulators.h"
 #include "support/FileSizeLimit.h"
 #include "support/WindowTest.h"
 
@@ -20,10 +21,16 @@ protected:
                   defaultGroup);
     }
     bool StoreHasSettings() const { return SettingsStore().Contains("Settings", "DefaultGroup"); }
+    void StartWithMednafen() {
+        m_offerFoundEmulators = true;
+        WithMednafenOnPath([this] { StartWindow(); });
+    }
 };
 
-TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
+TEST_F(MainWindowTest, StartsInOrderListsTheDefaultGroupOrUngroupedAndTheGamesProfiles) {
     SeedStore("No Such Group");
+    for (const char* profile : {"fast", "Basic", "clean"})
+        WriteProfile(m_state.Store, "Snes9X", QString::fromLatin1(profile), "-x");
     StartWindow({"/DEBUG"});
     EXPECT_TRUE(LogText().startsWith(QStringLiteral(
         "\r\n\r\n=== Loaded frmEventLog ===\r\nEmulator Defined: Nlke\r\nEmulator Defined: Snes9X"
@@ -43,6 +50,21 @@ TEST_F(MainWindowTest, StartsInOrderAndListsTheDefaultGroupOrUngrouped) {
     const qsizetype fills = LogText().count("Adding games to list for group");
     ChooseGroup("RPG"); // the same group again: not filled again
     EXPECT_EQ(LogText().count("Adding games to list for group"), fills);
+
+    // The profile menu lists the game's emulator's profiles sorted.
+    auto* menu = Control<QMenu>("mnuRomMenu");
+    ClickLine(List(), 0, Qt::RightButton);
+    ASSERT_TRUE(menu->isVisible());
+    menu->hide();
+    EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_Profile")).mid(0, 4),
+              (QStringList{"Basic", "clean", "fast*", "&Default"}));
+    const GameRecord& tetris = m_state.Games.Records[Game("Tetris")];
+
+    // "New..." creates a profile for the game's emulator and gives it to the game.
+    SaveProfileInEditor("  Speedy ", "-m 2");
+    Control<QAction>("mnuProfile_New")->trigger();
+    EXPECT_EQ(tetris.Profile, "Speedy");
+    EXPECT_EQ(ReadProfile(m_state.Store, "Snes9X", "Speedy"), "-m 2");
 }
 
 TEST_F(MainWindowTest, DebugCloseAsksCancelKeepsRunningUnsavedAndYesShowsTheCloseReason) {
@@ -186,29 +208,30 @@ TEST_F(MainWindowTest, NormalPlacementSurvivesAMaximisedRun) {
     }
 }
 
-TEST_F(MainWindowTest, TheProfileMenuListsTheEmulatorsProfilesSortedAndNewGivesOne) {
-    SeedStore();
-    for (const char* profile : {"fast", "Basic", "clean"})
-        WriteProfile(m_state.Store, "Snes9X", QString::fromLatin1(profile), "-x");
-    StartWindow();
-    ChooseGroup("RPG");
-    auto* menu = Control<QMenu>("mnuRomMenu");
-    ClickLine(List(), 0, Qt::RightButton);
-    ASSERT_TRUE(menu->isVisible());
-    menu->hide();
-    EXPECT_EQ(MenuEntries(Control<QMenu>("mnuRomMenu_Profile")).mid(0, 4),
-              (QStringList{"Basic", "clean", "fast*", "&Default"}));
-    const GameRecord& tetris = m_state.Games.Records[Game("Tetris")];
+TEST_F(MainWindowTest, AFirstRunOffersTheBestFoundEmulatorOnceAsTheDefault) {
+    m_prompts.AnswerMessage(PromptAnswer::Yes);
+    StartWithMednafen();
+    ASSERT_EQ(m_prompts.Asked().size(), 1);
+    const QString best = ReadFoundEmulators(m_state.Store).first().Name;
+    EXPECT_TRUE(m_prompts.AskedTexts().first().startsWith(best + " was found on this system"));
+    EXPECT_EQ(m_prompts.Asked().first().buttons, PromptButtons::YesNo);
+    EXPECT_EQ(m_state.Options.DefaultEmulator, best);
+    EXPECT_TRUE(FindFoundEmulator(m_state.Store, "Mednafen"));
 
-    // "New..." creates a profile for the game's emulator and gives it to the game.
-    RunWhenModal([](QWidget* editor) {
-        QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "  Speedy ");
-        QTest::keyClicks(editor->findChild<QLineEdit*>("txtOptions"), "-m 2");
-        QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-    });
-    Control<QAction>("mnuProfile_New")->trigger();
-    EXPECT_EQ(tetris.Profile, "Speedy");
-    EXPECT_EQ(ReadProfile(m_state.Store, "Snes9X", "Speedy"), "-m 2");
+    // Asked once only.
+    m_window.reset();
+    StartWithMednafen();
+    EXPECT_EQ(m_prompts.Asked().size(), 1);
+}
+
+TEST_F(MainWindowTest, NoFoundEmulatorIsOfferedWhenOneOfTheThreeIsSetUp) {
+    AppState seed;
+    DefineEmulators(seed.Emulators, seed.Store);
+    seed.Options = DefaultSettings();
+    seed.Emulators.Records[1].Folder = "/emus/snes9x/";
+    SaveEverything(seed);
+    StartWithMednafen();
+    EXPECT_TRUE(m_prompts.Asked().isEmpty());
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 
 namespace {
 
-TEST(QtPromptsTest, FiltersBecomeQtFilters) {
+TEST(QtPromptsTest, FiltersBecomeQtFiltersWithTheirFirstExtensionAsTheDefault) {
     EXPECT_EQ(ConvertFileFilter("SNES Images|*.smc;*.sfc|All Files|*.*"),
               "SNES Images (*.smc *.sfc);;All Files (*.*)");
     // Patterns that the description already shows are not repeated.
@@ -12,14 +12,12 @@ TEST(QtPromptsTest, FiltersBecomeQtFilters) {
     EXPECT_EQ(ConvertFileFilter("HTML|*.htm;*.html|"), "HTML (*.htm *.html)");
     EXPECT_EQ(ConvertFileFilter("Anything"), "Anything (*)");
     EXPECT_EQ(ConvertFileFilter(QString()), QString());
-}
-
-TEST(QtPromptsTest, ANameTypedWithoutExtensionGetsTheFiltersFirstExtension) {
+    // A name typed without extension gets the filter's first extension.
     EXPECT_EQ(DefaultSuffix(ConvertFileFilter("HTML (*.html;*.htm)|*.html;*.htm")), "html");
     EXPECT_EQ(DefaultSuffix("All Files (*.*)"), QString());
 }
 
-class StartFolderTest : public LumbraTest {};
+using StartFolderTest = LumbraTest;
 
 TEST_F(StartFolderTest, DialogsOpenAtTheFieldsFolderWhenItExists) {
     const QString games = MakeFolder("My Games");

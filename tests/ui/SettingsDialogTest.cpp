@@ -2,6 +2,7 @@
 #include "config/Settings.h"
 #include "emulators/FoundEmulators.h"
 #include "support/SnesImageBuilder.h"
+#include "support/StandInEmulator.h"
 #include "support/WindowTest.h"
 #include "ui/frmSettings.h"
 
@@ -12,28 +13,6 @@ namespace {
 
 class SettingsDialogTest : public WindowTest {
 protected:
-    // A store as a player who has set everything up leaves it.
-    void SeedStore() {
-        AppState seed;
-        DefineEmulators(seed.Emulators, seed.Store);
-        seed.Emulators.Records[1] = {"Snes9X", "/emus/snes9x/", "/emus/saves/", "", "fast", ""};
-        seed.Groups.AddGroup("RPG");
-        seed.GameFolders.AddGameFolder(MakeFolder("Games") + '/');
-        Settings& options = seed.Options;
-        options.DefaultEmulator = "Snes9X";
-        options.DefaultGroup = "Gone";
-        options.ExportFolder = "/exports/";
-        options.SnapshotFolder = "/snaps/";
-        options.Snapshots_NoSnapPic = "/snaps/none.png";
-        options.SPC_OpenWith = "%custom";
-        options.SPC_App = "spcplay;-q";
-        options.StateClickDeletes = options.Snapshots_AutoUse1st = options.SPC_DisplayList = 1;
-        options.AutoSwitchGroup = options.Snapshots_Show = options.SPC_ShowMenu = 0;
-        SaveEverything(seed);
-        LoadConfiguration(m_state);
-        ImportGroupList(m_state, "reg", QString());
-    }
-
     void Open() {
         m_dialog = std::make_unique<frmSettings>(m_state, m_prompts, m_shell, nullptr);
         ASSERT_TRUE(ShownOnScreen(m_dialog.get()));
@@ -56,16 +35,32 @@ protected:
     }
     void Press(const QString& name) { QTest::keyClick(Reveal(name), Qt::Key_Space); }
     void Click(const QString& name) { QTest::mouseClick(Reveal(name), Qt::LeftButton); }
-    void Type(const QString& name, const QString& text) {
-        Reveal<QLineEdit>(name)->selectAll();
-        QTest::keyClicks(Control<QLineEdit>(name), text);
-    }
+    void Type(const QString& name, const QString& text) { TypeInto(Reveal<QLineEdit>(name), text); }
     QString TextOf(const QString& name) const { return Control<QLineEdit>(name)->text(); }
     std::unique_ptr<frmSettings> m_dialog;
 };
 
-TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesItsOwn) {
-    SeedStore();
+TEST_F(SettingsDialogTest,
+       EveryPageShowsTheStoredSettingsEachControlWritesItsOwnAndFoundEmulatorsJoin) {
+    // A store as a player who has set everything up leaves it.
+    AppState seed;
+    DefineEmulators(seed.Emulators, seed.Store);
+    seed.Emulators.Records[1] = {"Snes9X", "/emus/snes9x/", "/emus/saves/", "", "fast", ""};
+    seed.Groups.AddGroup("RPG");
+    seed.GameFolders.AddGameFolder(MakeFolder("Games") + '/');
+    Settings& options = seed.Options;
+    options.DefaultEmulator = "Snes9X";
+    options.DefaultGroup = "Gone";
+    options.ExportFolder = "/exports/";
+    options.SnapshotFolder = "/snaps/";
+    options.Snapshots_NoSnapPic = "/snaps/none.png";
+    options.SPC_OpenWith = "%custom";
+    options.SPC_App = "spcplay;-q";
+    options.StateClickDeletes = options.Snapshots_AutoUse1st = options.SPC_DisplayList = 1;
+    options.AutoSwitchGroup = options.Snapshots_Show = options.SPC_ShowMenu = 0;
+    SaveEverything(seed);
+    LoadConfiguration(m_state);
+    ImportGroupList(m_state, "reg", QString());
     EnableLog();
     Open();
     EXPECT_EQ(LogText(), "\r\n\r\n=== Loaded frmSettings ===\r\nAdding groups to "
@@ -117,10 +112,7 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesIt
     EXPECT_EQ(m_state.Emulators.Records[0].Folder + m_state.Emulators.Records[0].DefaultProfile +
                   m_state.Emulators.Records[1].Folder,
               "/nlke/quick/emus/snes9x/");
-    RunWhenModal([](QWidget* editor) { // "Settings..." makes a new profile the emulator's default
-        QTest::keyClicks(editor->findChild<QLineEdit*>("txtProfileName"), "Smooth");
-        QTest::mouseClick(editor->findChild<QPushButton*>("cmdOK"), Qt::LeftButton);
-    });
+    SaveProfileInEditor("Smooth"); // "Settings..." makes a new profile the emulator's default
     Click("cmdEmuSettings");
     EXPECT_EQ(m_state.Emulators.Records[0].DefaultProfile + TextOf("txtDefaultProfile"),
               "SmoothSmooth");
@@ -135,11 +127,8 @@ TEST_F(SettingsDialogTest, EveryPageShowsTheStoredSettingsAndEachControlWritesIt
     Type("txtSPCProgram", "gme");
     Type("txtSPCParameters", "--loop");
     EXPECT_EQ(m_state.Options.SPC_OpenWith + m_state.Options.SPC_App, "%CUSTOMgme;--loop");
-}
 
-TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenAndFindEmulatorsAddsTheFound) {
-    SeedStore();
-    Open();
+    // The browsers name the emulator chosen; Find Emulators adds the emulators found.
     const QString bin = WithMednafenOnPath([this] { Click("cmdFindEmulators"); });
     PickFromList(Reveal<QComboBox>("cboEmulator"), "ZSnes");
     const QStringList buttons{"cmdEmuFolder_Browse",      "cmdEmuSaveFolder_Browse",
@@ -186,6 +175,54 @@ TEST_F(SettingsDialogTest, BrowsersNameTheEmulatorChosenAndFindEmulatorsAddsTheF
     EXPECT_FALSE(ItemTexts(list).contains("Mednafen"));
     EXPECT_EQ(defaultEmulator->findText("Mednafen"), -1);
     EXPECT_FALSE(FindFoundEmulator(m_state.Store, "Mednafen"));
+}
+
+TEST_F(SettingsDialogTest, EditingAFoundEmulatorSavesWhatThePlayerTypedOnlyWhenItCanRun) {
+    DefineEmulators(m_state.Emulators, m_state.Store);
+    FoundEmulator mednafen;
+    mednafen.Name = mednafen.Entry = "Mednafen";
+    mednafen.Program = WriteStandInScript(MakeFolder("Emulators") + "/mednafen", "exit 0");
+    mednafen.Command = "{program} {options} {game}";
+    WriteFoundEmulator(m_state.Store, mednafen);
+    Open();
+    auto* list = Reveal<QListWidget>("lstFoundEmulators");
+    ClickLine(list, static_cast<int>(ItemTexts(list).indexOf("Mednafen")));
+
+    const QString shots = MakeFolder("My Shots");
+    m_shell.AnswerFolder(shots);
+    bool stayedOpen = false;
+    const auto openEditor = [this] { Click("cmdEditFoundEmulator"); };
+    InDialog(openEditor, [&](QDialog* editor) {
+        // A command without the game, then a program that cannot run, are refused.
+        TypeInto(editor, "txtCommand", "{program} -fs 1");
+        ClickOn(editor, "cmdOK");
+        TypeInto(editor, "txtCommand", "{program} -fs 1 {options} {game}");
+        TypeInto(editor, "txtProgram", TempPath("Emulators/missing"));
+        ClickOn(editor, "cmdOK");
+        stayedOpen = editor->isVisible();
+        TypeInto(editor, "txtProgram", mednafen.Program);
+        TypeInto(editor, "txtDefaultProfile", "Full Screen");
+        ClickOn(editor, "cmdScreenshotFolder_Browse");
+        ClickOn(editor, "cmdOK");
+        EXPECT_FALSE(editor->isVisible());
+    });
+    EXPECT_TRUE(stayedOpen);
+    EXPECT_EQ(m_prompts.AskedTexts(),
+              (QStringList{"The command needs {game} where the game's path goes.",
+                           "The program \"" + TempPath("Emulators/missing") +
+                               "\" is not a file that can be run."}));
+    FoundEmulator edited = mednafen;
+    edited.Command = "{program} -fs 1 {options} {game}";
+    edited.DefaultProfile = "Full Screen";
+    edited.ScreenshotFolder = shots; // as picked, letter case kept
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen"), edited);
+
+    InDialog(openEditor, [&](QDialog* editor) { // Cancel keeps what was stored
+        TypeInto(editor, "txtCommand", "{program} {game} --changed");
+        ClickOn(editor, "cmdCancel");
+        EXPECT_FALSE(editor->isVisible());
+    });
+    EXPECT_EQ(FindFoundEmulator(m_state.Store, "Mednafen"), edited);
 }
 
 TEST_F(SettingsDialogTest, FoldersComeAndGoFromAFirstRunAndEachCloseStoresItsShare) {
