@@ -6,7 +6,6 @@
 #include <QCryptographicHash>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 
 namespace {
 
@@ -118,28 +117,16 @@ TEST_F(EmulatorsCliTest, StatesListsEveryFileTheEmulatorsWroteForAGame) {
     for (const QString& file : files)
         m_system.WriteFile(file);
 
-    const CliResult json = Run({"states", "--json", "Star Fox"});
-    EXPECT_EQ(json.ExitCode, 0) << json.Err.toStdString();
-    QSet<QString> listed;
-    for (const QString& line : json.Out.split('\n', Qt::SkipEmptyParts)) {
-        const QJsonObject file = QJsonDocument::fromJson(line.toUtf8()).object();
-        listed.insert(QStringList{file.value("emulator").toString(), file.value("kind").toString(),
-                                  file.value("slot").toString(), file.value("path").toString()}
-                          .join('|'));
-    }
-    const QSet<QString> expected{"|snapshot||" + files[5],
-                                 "ZSnes|state|3|" + files[4],
-                                 "RetroArch (Snes9x)|auto state||" + files[0],
-                                 "RetroArch (Snes9x)|screenshot||" + files[1],
-                                 "RetroArch (Snes9x)|battery save||" + files[6],
-                                 "Mednafen|state|3|" + files[2],
-                                 "Mednafen|screenshot||" + files[3]};
-    EXPECT_EQ(listed, expected) << json.Out.toStdString();
-
-    const CliResult text = Run({"states", "--index", "0"});
-    EXPECT_TRUE(text.Out.startsWith("Snapshot: " + files[5] +
-                                    "\nZSnes\n  state 3:       " + files[4] + "\n"))
-        << text.Out.toStdString();
+    const CliResult text = Run({"states", "Star Fox"});
+    EXPECT_EQ(text.ExitCode, 0) << text.Err.toStdString();
+    EXPECT_EQ(text.Out,
+              "Snapshot: " + files[5] + "\nZSnes\n  state 3:       " + files[4] +
+                  "\nMednafen\n  state 3:       " + files[2] + "\n  screenshot:    " + files[3] +
+                  "\nRetroArch (Snes9x)\n  auto state:    " + files[0] +
+                  "\n  battery save:  " + files[6] + "\n  screenshot:    " + files[1] + '\n');
+    // The same records, a JSON object a line.
+    EXPECT_EQ(Run({"states", "--json", "--index", "0"}).Out.section('\n', 1, 1),
+              R"({"emulator":"ZSnes","kind":"state","slot":"3","path":")" + files[4] + "\"}");
     EXPECT_EQ(Run({"states", "Nothing Like It"}).ExitCode, 1);
 }
 
