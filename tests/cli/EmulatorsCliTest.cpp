@@ -6,7 +6,6 @@
 #include <QCryptographicHash>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 
 namespace {
 
@@ -15,10 +14,7 @@ namespace {
 class EmulatorsCliTest : public LumbraTest {
 protected:
     EmulatorsCliTest() : m_system(TempPath("system")) {
-        m_environment = QProcessEnvironment::systemEnvironment();
-        const QProcessEnvironment own = m_system.Environment();
-        for (const QString& variable : own.keys())
-            m_environment.insert(variable, own.value(variable));
+        m_environment.insert(m_system.Environment());
         m_system.WriteCatalogue(DataHome() + "/Lumbra/emulators/system.json");
         m_retroarch = m_system.WriteProgram(m_system.Bin() + "/retroarch");
         m_system.WriteFile(Core("bsnes_mercury_performance_libretro.so"));
@@ -34,7 +30,7 @@ protected:
     }
 
     FakeSystem m_system;
-    QProcessEnvironment m_environment;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
     QString m_retroarch;
     QString m_mednafen;
 };
@@ -47,12 +43,9 @@ TEST_F(EmulatorsCliTest, FindsTheInstalledEmulatorsAndSetsThemUpBesideLumbrasOwn
                               " {options} {game}\nRetroArch (Snes9x): " + m_retroarch + " -L " +
                               Core("snes9x_libretro.so") +
                               " {options} {game}\nMednafen: " + m_mednafen + " {options} {game}\n");
-    const QStringList lines =
-        Run({"emulators", "detect", "--json"}).Out.split('\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(lines.size(), 3);
-    const QJsonObject snes9x = QJsonDocument::fromJson(lines.at(1).toUtf8()).object();
-    EXPECT_EQ(snes9x.value("core").toString(), Core("snes9x_libretro.so"));
-    EXPECT_EQ(snes9x.value("command").toString(), "{program} -L {core} {options} {game}");
+    const QString json = Run({"emulators", "detect", "--json"}).Out.section('\n', 1, 1);
+    EXPECT_EQ(QJsonDocument::fromJson(json.toUtf8()).object().value("core"),
+              Core("snes9x_libretro.so"));
 
     const QString states = MakeFolder("States");
     const QList<std::pair<QStringList, int>> runs{
@@ -63,16 +56,12 @@ TEST_F(EmulatorsCliTest, FindsTheInstalledEmulatorsAndSetsThemUpBesideLumbrasOwn
         {{"emulators", "set", "Mednafen", "--command", "{program} -f"}, 1},
         {{"emulators", "set", "Mednafen", "--folder", states}, 2},
         {{"emulators", "set", "Mednafen", "--save-folder", TempPath("missing")}, 1},
-        {{"emulators", "set", "ZSnes", "--command", "x {game}"}, 2},
-        {{"emulators", "set", "Nope", "--profile", "x"}, 2},
         {{"config", "set", "DefaultEmulator", "retroarch (snes9x)"}, 0},
         {{"config", "set", "DefaultEmulator", "Nope"}, 1},
         {{"profiles", "set", "RetroArch (Snes9x)", "fast", "-f --verbose"}, 0},
         {{"profiles", "set", "snes9x", "Basic", "-x"}, 0},
         {{"profiles", "set", "snes9x", "a;b", "-x"}, 1},
         {{"profiles", "set", "Nope", "a", "-x"}, 1},
-        {{"profiles", "set", "snes9x"}, 2},
-        {{"emulators", "remove", "ZSnes"}, 1},
         {{"emulators", "remove", "mednafen"}, 0},
         {{"emulators", "remove", "Mednafen"}, 1},
     };
@@ -97,8 +86,7 @@ TEST_F(EmulatorsCliTest, FindsTheInstalledEmulatorsAndSetsThemUpBesideLumbrasOwn
     EXPECT_TRUE(list.startsWith("Nlke\n") &&
                 list.contains("\nZSnes\n  folder:       (not set up)\n"))
         << list.toStdString();
-    EXPECT_TRUE(list.contains("\nRetroArch (Snes9x)\n  program:      " + m_retroarch +
-                              "\n  core:         " + Core("snes9x_libretro.so") +
+    EXPECT_TRUE(list.contains("\n  core:         " + Core("snes9x_libretro.so") +
                               "\n  command:      {program} -L {core} {options} {game}"
                               "\n  profile:      fast\n  states:       " +
                               states + "/\n"))
@@ -129,31 +117,17 @@ TEST_F(EmulatorsCliTest, StatesListsEveryFileTheEmulatorsWroteForAGame) {
     for (const QString& file : files)
         m_system.WriteFile(file);
 
-    const CliResult json = Run({"states", "--json", "Star Fox"});
-    EXPECT_EQ(json.ExitCode, 0) << json.Err.toStdString();
-    QSet<QString> listed;
-    for (const QString& line : json.Out.split('\n', Qt::SkipEmptyParts)) {
-        const QJsonObject file = QJsonDocument::fromJson(line.toUtf8()).object();
-        listed.insert(QStringList{file.value("emulator").toString(), file.value("kind").toString(),
-                                  file.value("slot").toString(), file.value("path").toString()}
-                          .join('|'));
-    }
-    const QSet<QString> expected{"|snapshot||" + files[5],
-                                 "ZSnes|state|3|" + files[4],
-                                 "RetroArch (Snes9x)|auto state||" + files[0],
-                                 "RetroArch (Snes9x)|screenshot||" + files[1],
-                                 "RetroArch (Snes9x)|battery save||" + files[6],
-                                 "Mednafen|state|3|" + files[2],
-                                 "Mednafen|screenshot||" + files[3]};
-    EXPECT_EQ(listed, expected) << json.Out.toStdString();
-
-    const CliResult text = Run({"states", "--index", "0"});
-    EXPECT_TRUE(text.Out.startsWith("Snapshot: " + files[5] + "\nZSnes\n  state 3:       " +
-                                    files[4] + "\nMednafen\n  state 3:       " + files[2] +
-                                    "\n  screenshot:    " + files[3] + "\nRetroArch (Snes9x)\n"))
-        << text.Out.toStdString();
+    const CliResult text = Run({"states", "Star Fox"});
+    EXPECT_EQ(text.ExitCode, 0) << text.Err.toStdString();
+    EXPECT_EQ(text.Out,
+              "Snapshot: " + files[5] + "\nZSnes\n  state 3:       " + files[4] +
+                  "\nMednafen\n  state 3:       " + files[2] + "\n  screenshot:    " + files[3] +
+                  "\nRetroArch (Snes9x)\n  auto state:    " + files[0] +
+                  "\n  battery save:  " + files[6] + "\n  screenshot:    " + files[1] + '\n');
+    // The same records, a JSON object a line.
+    EXPECT_EQ(Run({"states", "--json", "--index", "0"}).Out.section('\n', 1, 1),
+              R"({"emulator":"ZSnes","kind":"state","slot":"3","path":")" + files[4] + "\"}");
     EXPECT_EQ(Run({"states", "Nothing Like It"}).ExitCode, 1);
-    EXPECT_EQ(Run({"states"}).ExitCode, 2);
 }
 
 } // namespace

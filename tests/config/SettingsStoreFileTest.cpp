@@ -1,6 +1,7 @@
 #include "base/Progress.h"
 #include "catalogue/GameList.h"
 #include "config/SettingsStore.h"
+#include "support/FilesAnywhere.h"
 #include "support/SnesImageBuilder.h"
 #include "support/TestFixtures.h"
 
@@ -26,9 +27,10 @@ QString QSettingsName(const QString& section, const QString& key) {
 const QList<std::tuple<QString, QString, QString>> AwkwardEntries = {
     {"Game List\\/home/me/SNES Roms/", "mario world.smc", "Mario;Ungrouped;Default;Default"},
     {"Game List\\/home/me/SNES Roms/", "zelda.sfc", "Zelda, the Past = best;RPG;ZSnes;Fast"},
-    {"Game List\\/home/me/100% Spiele/", "über.smc", "Über \"Quoted\" \\ back;x;y;z"},
-    {"Game List\\/home/me/100% Spiele/", "@tab.smc", "@start\tand\r\nlines\x01 "},
+    {"Game List\\/home/me/100%2F Spiele/", "über.smc", "Über \"Quoted\" \\ back;x;y;z"},
+    {"Game List\\/home/me/100%2F Spiele/", "@tab.smc", "@start\tand\r\nlines\x01 "},
     {"Folders\\Game Folders", "00", " /home/me/SNES Roms/ "},
+    {"Folders", "key/Snes9X", "/emu/;/saves/;"},
     {"Group List", "00", "😀 Favourites"},
     {"Settings", "Snapshots_NoSnapPic", QString("half ") + QChar(0xD83D) + "pair"},
     {"Settings", "SPC_App", "zdspc.exe;"},
@@ -78,9 +80,13 @@ TEST_F(SettingsStoreFileTest, TheFileIsByteForByteWhatQSettingsWritesAndReads) {
         (QList<std::pair<QString, QString>>{{"mario world.smc", std::get<2>(AwkwardEntries[0])},
                                             {"zelda.sfc", std::get<2>(AwkwardEntries[1])}}));
     EXPECT_EQ(reopened.Sections(),
-              (QStringList{"Folders\\Game Folders", "Game List\\/home/me/100% Spiele/",
+              (QStringList{"Folders", "Folders\\Game Folders", "Game List\\/home/me/100%2F Spiele/",
                            "Game List\\/home/me/SNES Roms/", "Group List", "Profiles\\ZSnes",
                            "Settings"}));
+    // A section goes alone, not the sections whose names begin with it.
+    m_state.Store.DeleteSection("Folders");
+    EXPECT_EQ(m_state.Store.Sections().first(), "Folders\\Game Folders");
+    EXPECT_EQ(m_state.Store.Read("Group List", "absent", "dflt"), "dflt");
 }
 
 TEST_F(SettingsStoreFileTest, EditedFilesReadAsQSettingsReadsThem) {
@@ -89,10 +95,7 @@ TEST_F(SettingsStoreFileTest, EditedFilesReadAsQSettingsReadsThem) {
         "MainForm=\"1;2;3;4\"\nUseBaseFilenames=1\nSPC_App=a, b\n"
         "Snapshots_Show=@Invalid()\nSPC_OpenWith=@String(%WIN)\n"
         "[Group%20List]\n00=\"Split\\\n Line\"\n[Settings]\nStateClickDeletes=\\x31\n";
-    QFile file(m_state.Store.FilePath());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(edited);
-    file.close();
+    ASSERT_TRUE(WriteFileAt(m_state.Store.FilePath(), edited));
     QSettings qt(m_state.Store.FilePath(), QSettings::IniFormat);
     const SettingsStore store;
     for (const char* key : {"DefaultGroup", "MainForm", "UseBaseFilenames", "SPC_App",
@@ -126,12 +129,7 @@ TEST_F(SettingsStoreFileTest, ASaveThatChangesNothingLeavesTheFileAlone) {
 
     // Marked with an old time: a write of the file would give it the time of now.
     const QDateTime old = QDateTime::currentDateTime().addYears(-3);
-    const auto markOld = [&] {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        ASSERT_TRUE(file.setFileTime(old, QFileDevice::FileModificationTime));
-    };
-    markOld();
+    ASSERT_TRUE(SetModifiedTime(path, old));
     saveAll();
     m_state.Store.Sync();
     EXPECT_EQ(QFileInfo(path).lastModified(), old);

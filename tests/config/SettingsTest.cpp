@@ -37,9 +37,7 @@ TEST_F(LumbraTest, EmulatorsAndSettingsRoundTrip) {
     const EmulatorRecord& zsnes = m_state.Emulators.Records[2];
     EXPECT_EQ(m_state.Emulators.FindEmulatorIndex("zsnes"), 2);
     EXPECT_EQ(zsnes.Folder + zsnes.SaveFolder, "/emu/zsnes//emu/saves/");
-#ifndef Q_OS_WIN
     EXPECT_EQ(zsnes.LaunchFiles, "zsnes.pif;zsnes.lnk;zsnes.bat;zsnes.exe;zsnes;zsnes.sh");
-#endif
 
     // Every field differs from its default; flags keep any integer as read.
     const WindowPlacement placement{-100, 200, 9000, 7000, 2};

@@ -2,6 +2,7 @@
 #include "config/AbandonedLock.h"
 #include "config/SaveFileLeftovers.h"
 #include "config/StoreWriterLock.h"
+#include "support/FilesAnywhere.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestFixtures.h"
 
@@ -40,12 +41,8 @@ TEST_F(StoreLockTest, OnlyLocksThatNoLiveProcessHoldsAreRemoved) {
     const std::pair<QByteArray, qint64> abandoned[] = {
         {"", 0}, {"", 3600}, {"2147483000\nlumbra\nelsewhere\n", 0}};
     for (const auto& [bytes, ageSeconds] : abandoned) {
-        QFile file(lockPath);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.setFileTime(QDateTime::currentDateTime().addSecs(-ageSeconds),
-                         QFileDevice::FileModificationTime);
-        file.close();
+        ASSERT_TRUE(WriteFileAt(lockPath, bytes));
+        ASSERT_TRUE(SetModifiedTime(lockPath, QDateTime::currentDateTime().addSecs(-ageSeconds)));
         RemoveAbandonedLock(lockPath);
         EXPECT_FALSE(QFile::exists(lockPath)) << ageSeconds << bytes.constData();
     }

@@ -5,7 +5,6 @@
 #include "emulators/EmulatorDetection.h"
 #include "emulators/EmulatorEnvironment.h"
 
-#include <QFile>
 
 // Readable found emulators in failure messages.
 inline void PrintTo(const FoundEmulator& emulator, std::ostream* out) {

@@ -1,12 +1,12 @@
 #include "catalogue/PlayStatistics.h"
 #include "emulators/FoundEmulators.h"
+#include "support/FilesAnywhere.h"
 #include "support/LaunchTest.h"
 #include "support/SnesImageBuilder.h"
 #include "support/StandInEmulator.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTest>
 
 namespace {
@@ -105,11 +105,8 @@ TEST_F(FoundEmulatorLaunchTest, AZipGoesAsItIsToAnEmulatorThatReadsZipsAndIsExtr
     EXPECT_EQ(m_player.Shown, QStringList{"Zipped Game-261122-235959.png"});
     EXPECT_EQ(QDir(TempPath("Unzip")).entryList(QDir::Files), QStringList());
 
-    QDir().mkpath(QFileInfo(ZipRules()).path());
-    QFile rules(ZipRules());
-    ASSERT_TRUE(rules.open(QIODevice::WriteOnly) &&
-                rules.write(R"({"emulators": [{"name": "RetroArch", "readsZip": false}]})") > 0);
-    rules.close();
+    ASSERT_TRUE(
+        WriteFileAt(ZipRules(), R"({"emulators": [{"name": "RetroArch", "readsZip": false}]})"));
     m_player.Shown.clear();
     m_prompts.AnswerMessage(PromptAnswer::No);
     ASSERT_EQ(Launch("zipped game.zip"), LaunchEnd::Ended);

@@ -1,7 +1,7 @@
-#include "config/SettingsStore.h"
 #include "platform/PathResolver.h"
 #include "platform/ShortPath.h"
 #include "support/EnvironmentChange.h"
+#include "support/FilesAnywhere.h"
 #include "support/TestFixtures.h"
 
 #include <QCoreApplication>
@@ -67,32 +67,11 @@ TEST_F(PathTest, ShortPathLinksLiveInAPrivateFolderAndGoWhenPlayEnds) {
     // Only Lumbra's own links are replaced in it.
     const QString inTheWay = GetShortPath(file);
     RemoveShortPathLinks();
-    QDir().mkpath(QFileInfo(inTheWay).path());
-    QFile blocker(inTheWay);
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly) && blocker.write("keep me") == 7);
-    blocker.close();
+    ASSERT_TRUE(WriteFileAt(inTheWay, "keep me"));
     EXPECT_EQ(GetShortPath(file), QString());
     EXPECT_TRUE(ShortPathFailure().contains("left as it is"));
     EXPECT_EQ(ReadFile(inTheWay), "keep me");
     QDir(runtime).removeRecursively();
-}
-
-TEST_F(PathTest, StoreSectionsRoundTripWhateverSeparatorsTheyHold) {
-    const QStringList sections{
-        "Profiles\\ZSnes", "Folders\\Game Folders",          "Folders",
-        "Group List",      "Game List\\/home/me/SNES Roms/", "Game List\\/home/me/%2F/"};
-    for (const QString& section : sections)
-        m_state.Store.Write(section, "key/" + section, section);
-    m_state.Store.Sync();
-
-    SettingsStore reopened;
-    for (const QString& section : sections)
-        EXPECT_EQ(reopened.ListSection(section),
-                  (QList<std::pair<QString, QString>>{{"key/" + section, section}}));
-    reopened.DeleteSection("Folders");
-    EXPECT_TRUE(reopened.ListSection("Folders").isEmpty());
-    EXPECT_EQ(reopened.ListSection("Folders\\Game Folders").size(), 1);
-    EXPECT_EQ(reopened.Read("Group List", "absent", "dflt"), "dflt");
 }
 
 } // namespace

@@ -73,11 +73,8 @@ TEST_F(DecompressGameTest, DamagedArchivesShowLibarchivesReason) {
     QFile source(MakeZip("good.zip", {{"readme.txt", "r"}, {"game.smc", m_game}}));
     ASSERT_TRUE(source.open(QIODevice::ReadOnly));
     const QByteArray good = source.readAll();
-    QByteArray garbled = good;
-    garbled.replace(good.indexOf("game.smc") + 40, 16, QByteArray(16, '\x5A'));
     const std::pair<QByteArray, QString> cases[] = {
         {good.left(good.size() / 2), "game.smc: ZIP decompression failed (-5)"},
-        {garbled, "game.smc: ZIP decompression failed (-3)"},
         {"PK\3\4 is not enough", "damaged.zip: Truncated ZIP file header"},
         {"not a zip at all", "Unrecognized archive format"},
     };

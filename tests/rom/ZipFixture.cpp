@@ -1,6 +1,6 @@
 #include "ZipFixture.h"
 
-#include <QDirIterator>
+#include <QDir>
 #include <QFile>
 #include <archive.h>
 #include <archive_entry.h>
@@ -61,20 +61,4 @@ QStringList ZipFixture::UnzipFolderFiles() const {
 void ZipFixture::EmptyUnzipFolder() {
     for (const QString& name : UnzipFolderNames())
         QFile::remove(m_unzip + QLatin1Char('/') + name);
-}
-
-QMap<QString, QString> ZipFixture::OutsideTree() const {
-    QMap<QString, QString> tree;
-    QDirIterator it(TempPath(),
-                    QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        const QFileInfo info = it.fileInfo();
-        if (!path.startsWith(m_unzip + QLatin1Char('/')))
-            tree[path] = info.isSymLink() ? QString("-> " + info.symLinkTarget())
-                         : info.isDir()   ? QStringLiteral("folder")
-                                          : QString::fromLatin1(ReadFile(path));
-    }
-    return tree;
 }

@@ -4,7 +4,6 @@
 #include "support/TestFixtures.h"
 
 #include <QList>
-#include <QMap>
 
 // An entry written with libarchive's zip writer directly, for what QzZipFiles never
 // makes: hostile names, links, huge or size-less entries, traditional encryption.
@@ -36,9 +35,6 @@ protected:
     QStringList UnzipFolderFiles() const;
     QByteArray UnzipFile(const QString& name) const { return ReadFile(m_unzip + '/' + name); }
     void EmptyUnzipFolder();
-    // Every path of the temporary folder outside the unzip folder, with a file's bytes,
-    // a link's target or "folder".
-    QMap<QString, QString> OutsideTree() const;
 
     QString m_unzip;
     ScriptedPrompts m_prompts;
