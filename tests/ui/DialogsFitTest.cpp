@@ -42,8 +42,9 @@ TEST_F(DialogsFitTest, EveryDialogFitsASmallScreenAndALongFileNameLosesItsMiddle
         InDialog([&] { Control<QAction>(entry)->trigger(); },
                  [&](QDialog* dialog) {
                      smallest = SmallestSize(dialog);
-                     if (entry == "mnuOptions_Export_GameList") // its choices scroll
+                     if (entry == "mnuOptions_Export_GameList") { // its choices scroll
                          EXPECT_NE(dialog->findChild<QScrollArea*>(), nullptr);
+                     }
                      if (entry != "mnuRomMenu_GameInfo")
                          return;
                      const auto* label = ControlIn<QLabel>(dialog, "lblFilename");
