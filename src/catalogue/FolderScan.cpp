@@ -40,9 +40,9 @@ bool IsGameFile(const QString& name, const QString& lowerName) {
 }
 
 struct FolderListing {
-    QString Resolved; // the folder as it exists, ending in a separator
+    QString Resolved;                // the folder as it exists, ending in a separator
     std::vector<QString> LowerNames; // of the game files, one for each set of case twins
-    QStringList LeftOut; // log lines, written after the folder's own line
+    QStringList LeftOut;             // log lines, written after the folder's own line
     ScanReport Report;
 };
 

@@ -21,8 +21,10 @@ void GameListing::Fill(const GameList& games, const QString& view) {
             continue;
         QString folded = FoldedText(record.Caption);
         QString key = NaturalSortKey(folded);
-        m_entries.push_back(
-            {{index, record.Caption}, std::move(folded), FoldedText(record.Filename), std::move(key)});
+        m_entries.push_back({{index, record.Caption},
+                             std::move(folded),
+                             FoldedText(record.Filename),
+                             std::move(key)});
     }
     std::sort(m_entries.begin(), m_entries.end(), [](const Entry& a, const Entry& b) {
         const int order = a.SortKey.isEmpty() || b.SortKey.isEmpty()

@@ -6,41 +6,41 @@
 #include <dlfcn.h>
 
 // The functions Lumbra calls, each with the index of its address in an opened library.
-#define LUMBRA_ARCHIVE_FUNCTIONS(X)                                                          \
-    X(archive_version_string)                                                                \
-    X(archive_error_string)                                                                  \
-    X(archive_read_new)                                                                      \
-    X(archive_read_support_format_zip)                                                       \
-    X(archive_read_set_passphrase_callback)                                                  \
-    X(archive_read_open_filename)                                                            \
-    X(archive_read_next_header)                                                              \
-    X(archive_read_data)                                                                     \
-    X(archive_read_free)                                                                     \
-    X(archive_write_new)                                                                     \
-    X(archive_write_set_format_zip)                                                          \
-    X(archive_write_set_bytes_in_last_block)                                                 \
-    X(archive_write_set_options)                                                             \
-    X(archive_write_set_passphrase)                                                          \
-    X(archive_write_open2)                                                                   \
-    X(archive_write_header)                                                                  \
-    X(archive_write_data)                                                                    \
-    X(archive_write_close)                                                                   \
-    X(archive_write_free)                                                                    \
-    X(archive_entry_new)                                                                     \
-    X(archive_entry_free)                                                                    \
-    X(archive_entry_pathname)                                                                \
-    X(archive_entry_pathname_utf8)                                                           \
-    X(archive_entry_hardlink)                                                                \
-    X(archive_entry_filetype)                                                                \
-    X(archive_entry_size)                                                                    \
-    X(archive_entry_size_is_set)                                                             \
-    X(archive_entry_mtime)                                                                   \
-    X(archive_entry_mtime_is_set)                                                            \
-    X(archive_entry_is_encrypted)                                                            \
-    X(archive_entry_set_pathname_utf8)                                                       \
-    X(archive_entry_set_filetype)                                                            \
-    X(archive_entry_set_perm)                                                                \
-    X(archive_entry_set_size)                                                                \
+#define LUMBRA_ARCHIVE_FUNCTIONS(X)                                                                \
+    X(archive_version_string)                                                                      \
+    X(archive_error_string)                                                                        \
+    X(archive_read_new)                                                                            \
+    X(archive_read_support_format_zip)                                                             \
+    X(archive_read_set_passphrase_callback)                                                        \
+    X(archive_read_open_filename)                                                                  \
+    X(archive_read_next_header)                                                                    \
+    X(archive_read_data)                                                                           \
+    X(archive_read_free)                                                                           \
+    X(archive_write_new)                                                                           \
+    X(archive_write_set_format_zip)                                                                \
+    X(archive_write_set_bytes_in_last_block)                                                       \
+    X(archive_write_set_options)                                                                   \
+    X(archive_write_set_passphrase)                                                                \
+    X(archive_write_open2)                                                                         \
+    X(archive_write_header)                                                                        \
+    X(archive_write_data)                                                                          \
+    X(archive_write_close)                                                                         \
+    X(archive_write_free)                                                                          \
+    X(archive_entry_new)                                                                           \
+    X(archive_entry_free)                                                                          \
+    X(archive_entry_pathname)                                                                      \
+    X(archive_entry_pathname_utf8)                                                                 \
+    X(archive_entry_hardlink)                                                                      \
+    X(archive_entry_filetype)                                                                      \
+    X(archive_entry_size)                                                                          \
+    X(archive_entry_size_is_set)                                                                   \
+    X(archive_entry_mtime)                                                                         \
+    X(archive_entry_mtime_is_set)                                                                  \
+    X(archive_entry_is_encrypted)                                                                  \
+    X(archive_entry_set_pathname_utf8)                                                             \
+    X(archive_entry_set_filetype)                                                                  \
+    X(archive_entry_set_perm)                                                                      \
+    X(archive_entry_set_size)                                                                      \
     X(archive_entry_set_mtime)
 
 namespace {
@@ -92,8 +92,7 @@ const Library& Loaded() {
     return library;
 }
 
-template <FunctionIndex Index, typename Function>
-Function Real(Function /*prototype*/) {
+template <FunctionIndex Index, typename Function> Function Real(Function /*prototype*/) {
     return reinterpret_cast<Function>(Loaded().Functions[Index]);
 }
 
@@ -115,8 +114,7 @@ QString ArchiveLibraryProblemWith(const char* fileName) {
 
 // The three constructors, and the version, answer for a library that could not be opened.
 const char* archive_version_string() {
-    return Loaded().Handle ? LUMBRA_FORWARD(archive_version_string, ())
-                           : "libarchive (not loaded)";
+    return Loaded().Handle ? LUMBRA_FORWARD(archive_version_string, ()) : "libarchive (not loaded)";
 }
 struct archive* archive_read_new() {
     return Loaded().Handle ? LUMBRA_FORWARD(archive_read_new, ()) : nullptr;

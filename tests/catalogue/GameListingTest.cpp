@@ -61,8 +61,8 @@ TEST(NaturalOrderTest, TheSortKeyOrdersAsTheComparison) {
     // Texts built from pieces that meet the edge cases: runs of zeros, numbers of
     // 8, 9 and 10 digits, digits beside characters below and above them, and a digit
     // that is not 0 to 9, which leaves the key empty.
-    const QStringList pieces = {"a", " ", "(", "~", "0", "00", "7", "9", "12345678",
-                                "123456789", "0123456789", "\u0663"};
+    const QStringList pieces = {"a", " ", "(",        "~",         "0",          "00",
+                                "7", "9", "12345678", "123456789", "0123456789", "\u0663"};
     std::mt19937 random(16);
     QStringList texts;
     for (int i = 0; i < 400; ++i) {
