@@ -54,12 +54,16 @@ QString LowerCase(const QString& text) {
             return text.toLower();
         upper = upper || (*c >= 'A' && *c <= 'Z');
     }
-    if (!upper)
-        return text;
+    return upper ? AsciiLowerCase(text) : text;
+}
+
+QString AsciiLowerCase(QStringView text) {
     QString lower(text.size(), Qt::Uninitialized);
     char16_t* write = reinterpret_cast<char16_t*>(lower.data());
-    for (const char16_t* c = begin; c != end; ++c)
-        *write++ = (*c >= 'A' && *c <= 'Z') ? static_cast<char16_t>(*c + ('a' - 'A')) : *c;
+    for (const QChar c : text) {
+        const char16_t unit = c.unicode();
+        *write++ = (unit >= 'A' && unit <= 'Z') ? static_cast<char16_t>(unit + ('a' - 'A')) : unit;
+    }
     return lower;
 }
 

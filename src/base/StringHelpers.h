@@ -33,6 +33,9 @@ QString ChangeExtension(const QString& fileName, const QString& extension);
 // text.toLower(), without Unicode tables for plain ASCII and without a copy when
 // nothing changes: the catalogue lower-cases every name it keeps or looks up.
 QString LowerCase(const QString& text);
+// A copy of the text with A to Z lowered and every other character kept: the lower
+// case of plain ASCII.
+QString AsciiLowerCase(QStringView text);
 
 // VB's Trim: removes leading and trailing spaces only.
 QString TrimBlanks(const QString& text);

@@ -1,6 +1,6 @@
 #include "catalogue/FoldedText.h"
 
-#include <algorithm>
+#include "base/StringHelpers.h"
 
 namespace {
 
@@ -27,13 +27,8 @@ bool IsCombiningMark(char32_t codePoint) {
 
 QString FoldedText(QStringView text) {
     // Most captions and file names are plain ASCII: nothing to decompose.
-    if (IsPlainAscii(text)) {
-        QString lower(text.size(), Qt::Uninitialized);
-        std::transform(text.begin(), text.end(), lower.begin(), [](QChar c) {
-            return c >= u'A' && c <= u'Z' ? QChar(static_cast<char16_t>(c.unicode() + 32)) : c;
-        });
-        return lower;
-    }
+    if (IsPlainAscii(text))
+        return AsciiLowerCase(text);
     const QString decomposed = text.toString().normalized(QString::NormalizationForm_KD);
     QString folded;
     folded.reserve(decomposed.size());

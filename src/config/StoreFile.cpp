@@ -220,29 +220,26 @@ void StoreFile::Apply(const Change& change) {
     }
 }
 
-void StoreFile::Set(const QString& section, const QString& key, const StoreValue& value) {
-    Change change{Change::Kind::Set, section, key, value};
+void StoreFile::Record(Change change) {
     Apply(change);
     m_unsaved.append(std::move(change));
+}
+
+void StoreFile::Set(const QString& section, const QString& key, const StoreValue& value) {
+    Record({Change::Kind::Set, section, key, value});
 }
 
 void StoreFile::Remove(const QString& section, const QString& key) {
-    Change change{Change::Kind::Remove, section, key, StoreValue()};
-    Apply(change);
-    m_unsaved.append(std::move(change));
+    Record({Change::Kind::Remove, section, key, StoreValue()});
 }
 
 void StoreFile::RemoveSection(const QString& section) {
-    Change change{Change::Kind::RemoveSection, section, QString(), StoreValue()};
-    Apply(change);
-    m_unsaved.append(std::move(change));
+    Record({Change::Kind::RemoveSection, section, QString(), StoreValue()});
 }
 
 void StoreFile::Clear() {
     m_unsaved.clear(); // nothing before a clear matters
-    Change change{Change::Kind::Clear, QString(), QString(), StoreValue()};
-    Apply(change);
-    m_unsaved.append(std::move(change));
+    Record({Change::Kind::Clear, QString(), QString(), StoreValue()});
 }
 
 bool StoreFile::Save(QString& error) {

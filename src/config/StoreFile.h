@@ -53,6 +53,8 @@ private:
 
     static Identity IdentityOf(const QString& path);
     void Apply(const Change& change);
+    // Applies the change and keeps it until it is saved.
+    void Record(Change change);
     void Load();
 
     QString m_path;

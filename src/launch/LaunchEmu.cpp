@@ -43,7 +43,6 @@ QString ProbeInFolder(const QString& folder, const QString& name) {
     return GetShortPath(AddBackslash(folder) + name);
 }
 
-// The game's own launch file beside it (.pif, then .bat, then .sh); empty when none.
 // The game's own launch file beside it, as the file system spells it: .pif, then .bat,
 // then .sh; empty when there is none. Looking makes no link.
 QString FindGameLaunchFile(const QString& base) {
